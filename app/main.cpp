@@ -1,0 +1,34 @@
+// The station program: fills the program directory, creates the station and opens Form1.
+#include "clock_source.h"
+#include "desktop.h"
+#include "dialogs.h"
+#include "main_window.h"
+#include "program_directory.h"
+#include "settings_store.h"
+#include "station.h"
+
+#include <QApplication>
+#include <QTimer>
+
+int main(int argc, char** argv) {
+    QApplication::setOrganizationName("Tarvelle");
+    QApplication::setApplicationName("Tarvelle");
+    QApplication::setApplicationVersion(TARVELLE_VERSION);
+    QApplication app(argc, argv);
+
+    const QString programDir = tarvelle::DefaultProgramDirectory();
+    tarvelle::FillProgramDirectory(tarvelle::BundledDataDirectory(), programDir);
+
+    tarvelle::SettingsStore settings;
+    tarvelle::SystemClock clock;
+    tarvelle::QtDialogs dialogs;
+    tarvelle::SystemDesktop desktop;
+    tarvelle::Station station(settings, clock, dialogs, desktop, programDir);
+
+    tarvelle::Form1 form(station);
+    form.Load();
+    form.show();
+    // The first readout at once rather than a second after start.
+    QTimer::singleShot(0, &form, &tarvelle::Form1::Timer1Tick);
+    return app.exec();
+}

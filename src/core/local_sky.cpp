@@ -1,0 +1,138 @@
+// Altitude, azimuth, hour angle, rise and set for the observer, and the per-minute tables of
+// a date. The horizon is geometric: no refraction, parallax or semi-diameter.
+#include "astro_core.h"
+#include "numeric.h"
+
+#include <cmath>
+
+namespace tarvelle {
+
+namespace {
+
+// The spherical step shared by both directions of the conversion: from a first angle p and a
+// second angle q (radians) at latitude L, the angle r and the angle m.
+void SphericalKernel(double p, double q, double L, double& r, double& m) {
+    const double sinP = std::sin(p), cosP = std::cos(p), sinQ = std::sin(q), cosQ = std::cos(q);
+    const double w = sinP * std::sin(L) + cosP * std::cos(L) * cosQ;
+    if (w == 1.0)
+        r = 1.570796327;
+    else
+        r = ArcSin(w);
+    double c = std::cos(L) * std::cos(r);
+    if (c < 1e-20) c = 1e-20; // keeps the poles and the zenith finite
+    const double k = (sinP - std::sin(L) * w) / c;
+    m = ArcCos(k);
+    if (sinQ > 0.0) m = 6.283185308 - m;
+}
+
+void RiseSetOf(double ra, double dec, float lst0, float latitude, double& rise, double& set) {
+    double A = ra - static_cast<double>(lst0);
+    if (A < 0.0) A += 24.0;
+    const double v = -std::tan(static_cast<double>(latitude) * kDegToRad) * std::tan(dec * kDegToRad);
+    if (std::fabs(v) > 1.0) { // never crosses the horizon
+        rise = -1.0;
+        set = -1.0;
+        return;
+    }
+    const double a = 2.0 * std::atan(v / (1.0 + std::sqrt(1.0 - v * v) + 1e-20)); // arcsine of v
+    const double h = ((2.0 * std::atan(1.0)) - a) * kRadToDeg / 15.0;           // semi-arc, hours
+    rise = A - h;
+    while (rise < 0.0) rise += 24.0;
+    set = A + h;
+    while (set > 24.0) set -= 24.0;
+}
+
+} // namespace
+
+void ConvertEquatorialHorizontal(double lat, double /*lng*/, double lst, double& ra, double& dec, double& alt,
+                                 double& az, bool toEquatorial) {
+    const double L = lat * kDegToRad;
+    double r = 0.0, m = 0.0;
+    if (!toEquatorial) {
+        double H = lst - ra;
+        while (H < 0.0) H += 24.0;
+        SphericalKernel(dec * kDegToRad, H * 15.0 * kDegToRad, L, r, m);
+        az = m * kRadToDeg;
+        while (az > 360.0) az -= 360.0;
+        alt = r * kRadToDeg;
+    } else {
+        SphericalKernel(alt * kDegToRad, az * kDegToRad, L, r, m);
+        const double H = m * kRadToDeg / 15.0;
+        dec = r * kRadToDeg;
+        ra = lst - H;
+        while (ra < 0.0) ra += 24.0;
+        while (ra > 24.0) ra -= 24.0;
+    }
+}
+
+void AngularSeparation(double ra1, double dec1, double ra2, double dec2, double& out) {
+    const double r1 = ra1 * 15.0 * kDegToRad, d1 = dec1 * kDegToRad;
+    const double r2 = ra2 * 15.0 * kDegToRad, d2 = dec2 * kDegToRad;
+    const double a = std::sin((d1 - d2) / 2.0);
+    const double b = std::sin((r1 - r2) / 2.0);
+    const double h = a * a + std::cos(d1) * std::cos(d2) * b * b;
+    const double g = std::sqrt(h);
+    const double n = std::sqrt(1.0 - g * g);
+    Keep(out, 2.0 * std::atan(Div(g, n)) / kDegToRad);
+}
+
+void Core::UpdateHorizonCoords() {
+    const double lat = ObsLatitude, lng = ObsLongitude, lst = LST;
+    ConvertEquatorialHorizontal(lat, lng, lst, JupRA, JupDec, JupAlt, JupAz, false);
+    ConvertEquatorialHorizontal(lat, lng, lst, SunRA, SunDec, SunAlt, SunAz, false);
+}
+
+// Times of day in GMT from sidereal differences, for the positions of this instant.
+void Core::UpdateRiseSet() {
+    RiseSetOf(static_cast<float>(JupRA), static_cast<float>(JupDec), LST0, ObsLatitude, JupRise, JupSet);
+    RiseSetOf(static_cast<float>(SunRA), static_cast<float>(SunDec), LST0, ObsLatitude, SunRise, SunSet);
+}
+
+// Sidereal time advances by a fixed increment a step and is not recomputed inside the loop;
+// the step is 0.00069444 day, so entry 1440 falls about 0.55 s before the next midnight.
+void Core::BuildDayTables(double t) {
+    if (ShuttingDown) return;
+    SaveCurrentTime();
+    const float keptLST = LST;
+    const double keptDayNumber = DayNumber;
+    if (YieldToEvents) YieldToEvents();
+    CurrentUT = std::floor(t);
+    double u = CurrentUT;
+    UpdateSiderealTime();
+    const double lat = ObsLatitude, lng = ObsLongitude;
+    for (int k = 0; k < kDayTableSize; ++k) {
+        UpdateSunJupiterPositions();
+        UpdateCMLIII(u);
+        UpdateIoPhase(DayNumber);
+        JupHA = static_cast<float>(static_cast<double>(LST) - JupRA);
+        if (JupHA > 12.0f) JupHA = static_cast<float>(static_cast<double>(JupHA) - 24.0);
+        if (JupHA < -12.0f) JupHA = static_cast<float>(static_cast<double>(JupHA) + 24.0);
+        ConvertEquatorialHorizontal(lat, lng, LST, JupRA, JupDec, JupAlt, JupAz, false);
+        SunHA = static_cast<float>(static_cast<double>(LST) - SunRA);
+        if (SunHA < -12.0f) SunHA = static_cast<float>(static_cast<double>(SunHA) + 24.0);
+        if (SunHA > 12.0f) SunHA = static_cast<float>(static_cast<double>(SunHA) - 24.0);
+        ConvertEquatorialHorizontal(lat, lng, LST, SunRA, SunDec, SunAlt, SunAz, false);
+
+        const auto i = static_cast<size_t>(k);
+        Day.DayMinuteTime[i] = u;
+        Day.DayLST[i] = LST;
+        Day.DayJupAlt[i] = JupAlt;
+        Day.DayJupAz[i] = JupAz;
+        Day.DaySunAlt[i] = SunAlt;
+        Day.DaySunAz[i] = SunAz;
+        Day.DayJupHA[i] = JupHA;
+        Day.DaySunHA[i] = SunHA;
+        Day.DayCML[i] = CMLIII;
+        Day.DayIoPhase[i] = IoPhase;
+
+        LST = static_cast<float>(static_cast<double>(LST) + 0.016712298);
+        if (LST > 24.0f) LST = static_cast<float>(static_cast<double>(LST) - 24.0);
+        DayNumber = DayNumber + 0.00069444;
+        u = u + 0.00069444;
+    }
+    RestoreCurrentTime();
+    LST = keptLST;
+    DayNumber = keptDayNumber;
+}
+
+} // namespace tarvelle

@@ -1,0 +1,162 @@
+#include "observer_record.h"
+
+#include "numeric.h"
+#include "text_forms.h"
+
+#include <cerrno>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <vector>
+
+namespace tarvelle {
+
+namespace {
+
+// d, d:m or d:m:s without a sign; degrees (and minutes of d:m:s) are whole numbers.
+double ParseColonForm(std::string body, size_t first, size_t second) {
+    const double d = RoundHalfEven(ValueOfText(body.substr(0, first)));
+    if (second == std::string::npos) {
+        std::string rest = body.substr(first + 1);
+        return d + ParseNumberComma(rest) / 60.0;
+    }
+    const double m = RoundHalfEven(ValueOfText(body.substr(first + 1, second - first - 1)));
+    std::string rest = body.substr(second + 1);
+    return d + m / 60.0 + ParseNumberComma(rest) / 3600.0;
+}
+
+std::string PlainInteger(double d) { return std::to_string(static_cast<long long>(d)); }
+
+// Minutes and seconds of an angle's fraction as the observer file writes them; the
+// thresholds and scale factors differ between latitude and longitude.
+struct SexagesimalRule {
+    double minuteScale, minuteDivisor, residueFloor, secondScale, wrapAt;
+};
+
+std::string FormatSexagesimal(double x, double d, const SexagesimalRule& rule) {
+    std::string text = PlainInteger(d) + ":";
+    const double f = std::fabs(std::fabs(x) - std::fabs(d));
+    double m = std::floor(std::floor(f * rule.minuteScale) / rule.minuteDivisor);
+    double s = f - m / 60.0;
+    if (s < rule.residueFloor) s = 0.0;
+    double c = s * rule.secondScale;
+    if (ValueOfText(FormatNumberMask(c, "00.0")) >= 60.0) {
+        c = c - 60.0;
+        m = m + 1.0;
+    }
+    if (ValueOfText(FormatNumberMask(m, "00")) >= 60.0) {
+        m = 0.0;
+        d = d + 1.0;
+        if (d >= rule.wrapAt) d = 0.0;
+        text = PlainInteger(d) + ":";
+    }
+    return text + FormatNumberMask(m, "00") + ":" + FormatNumberMask(c, "00.0");
+}
+
+// One item as a sequential read takes it: leading blanks skipped, a quoted string up to its
+// closing quote, or plain text up to a comma or the line end.
+bool ReadItem(const std::string& all, size_t& pos, std::string& item) {
+    while (pos < all.size() && (all[pos] == ' ' || all[pos] == '\t')) ++pos;
+    if (pos >= all.size()) return false;
+    item.clear();
+    if (all[pos] == '"') {
+        const size_t close = all.find('"', pos + 1);
+        const size_t end = close == std::string::npos ? all.size() : close;
+        item = all.substr(pos + 1, end - pos - 1);
+        pos = close == std::string::npos ? all.size() : close + 1;
+        while (pos < all.size() && (all[pos] == ' ' || all[pos] == '\t')) ++pos;
+    } else {
+        while (pos < all.size() && all[pos] != ',' && all[pos] != '\n' && all[pos] != '\r') item += all[pos++];
+        item = Trim(item);
+    }
+    if (pos < all.size() && all[pos] == ',') {
+        ++pos;
+    } else {
+        if (pos < all.size() && all[pos] == '\r') ++pos;
+        if (pos < all.size() && all[pos] == '\n') ++pos;
+    }
+    return true;
+}
+
+} // namespace
+
+double ParseNumberComma(std::string& text) {
+    for (char& c : text)
+        if (c == ',') c = '.';
+    return text.empty() ? 0.0 : ValueOfText(text);
+}
+
+double ParseLatitude(std::string& text) {
+    text = Trim(text);
+    std::string body = text;
+    double sign = 1.0;
+    if (!body.empty() && body[0] == '-') {
+        sign = -1.0;
+        body.erase(0, 1);
+    }
+    const size_t first = body.find(':');
+    if (first == std::string::npos) return ParseNumberComma(body) * sign;
+    const size_t second = body.find(':', first + 1);
+    const double result = sign * ParseColonForm(body, first, second);
+    return (result < -90.0 || result > 90.0) ? kRejected : result;
+}
+
+double ParseLongitude(std::string& text) {
+    text = Trim(text);
+    std::string body = text;
+    double sign = 1.0;
+    if (!body.empty() && body[0] == '-') {
+        sign = -1.0;
+        body.erase(0, 1);
+    }
+    if (!body.empty() && body[0] == '+') body.erase(0, 1);
+    const size_t first = body.find(':');
+    double result = 0.0;
+    if (first == std::string::npos) {
+        result = ValueOfText(body) * sign;
+    } else {
+        const size_t second = body.find(':', first + 1);
+        result = ParseColonForm(body, first, second);
+        if (sign < 0.0) result = 360.0 - result;
+    }
+    return (result < 0.0 || result > 360.0) ? kRejected : result;
+}
+
+std::string FormatLatitudeText(double x) {
+    return FormatSexagesimal(x, Fix(x), {6000.5, 100.0, 0.005, 3600.005, 90.0});
+}
+
+std::string FormatLongitudeText(double x) {
+    return FormatSexagesimal(x, std::floor(x), {60000.5, 1000.0, -INFINITY, 3600.05, 360.0});
+}
+
+std::optional<ObserverFileContents> ReadObserverFile(const std::string& path, int& errorNumber) {
+    namespace fs = std::filesystem;
+    std::error_code ec;
+    const fs::path p(path);
+    if (!fs::exists(p, ec)) {
+        errorNumber = (p.has_parent_path() && !fs::exists(p.parent_path(), ec)) ? 76 : 53;
+        return std::nullopt;
+    }
+    std::ifstream in(p, std::ios::binary);
+    if (!in || fs::is_directory(p, ec)) {
+        errorNumber = 75;
+        return std::nullopt;
+    }
+    std::stringstream buffer;
+    buffer << in.rdbuf();
+    const std::string all = buffer.str();
+    size_t pos = 0;
+    ObserverFileContents contents;
+    for (std::string* item : {&contents.latitudeText, &contents.longitudeText, &contents.timeZoneText}) {
+        if (!ReadItem(all, pos, *item)) {
+            errorNumber = 62;
+            return std::nullopt;
+        }
+    }
+    errorNumber = 0;
+    return contents;
+}
+
+} // namespace tarvelle

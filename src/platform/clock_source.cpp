@@ -1,0 +1,23 @@
+#include "clock_source.h"
+
+#include "date_value.h"
+
+#include <QDateTime>
+#include <QTimeZone>
+
+namespace tarvelle {
+
+double SystemClock::LocalNow() const {
+    const QDateTime now = QDateTime::currentDateTime();
+    const QDate d = now.date();
+    const QTime t = now.time();
+    return DateSerial(d.year(), d.month(), d.day()) + TimeSerial(t.hour(), t.minute(), t.second());
+}
+
+double SystemClock::ClockTimeZoneBias() const {
+    const QTimeZone zone = QTimeZone::systemTimeZone();
+    if (!zone.isValid()) return 0.0;
+    return -zone.offsetFromUtc(QDateTime::currentDateTime()) / 3600.0;
+}
+
+} // namespace tarvelle

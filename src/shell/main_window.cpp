@@ -1,0 +1,502 @@
+#include "main_window.h"
+
+#include "date_value.h"
+#include "numeric.h"
+#include "observer_file.h"
+#include "readout.h"
+#include "text_forms.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFile>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPainter>
+#include <QPushButton>
+#include <QSvgRenderer>
+#include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+#ifndef TARVELLE_VERSION_MAJOR
+#define TARVELLE_VERSION_MAJOR 3
+#define TARVELLE_VERSION_MINOR 8
+#define TARVELLE_VERSION_PATCH 2
+#endif
+
+namespace tarvelle {
+
+namespace {
+
+constexpr int kUnitsPerPixel = 15; // window positions are given in units of 1/15 pixel
+constexpr int kButtonSize = 40;
+constexpr int kIconSize = 32;
+
+int Px(int units) { return (units + kUnitsPerPixel / 2) / kUnitsPerPixel; }
+
+QString Q(const std::string& s) { return QString::fromStdString(s); }
+
+QIcon IconFromSvg(const QString& resource) {
+    QSvgRenderer renderer(resource);
+    QIcon icon;
+    if (!renderer.isValid()) return icon;
+    for (int size : {24, 32, 48, 64}) {
+        QPixmap pixmap(size, size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        renderer.render(&painter);
+        icon.addPixmap(pixmap);
+    }
+    return icon;
+}
+
+struct PictureButton {
+    const char* name;
+    const char* tip;
+};
+
+// In the order PlaceButtons lays them out; the stop button shares the run button's place.
+constexpr PictureButton kPictureButtons[] = {
+    {"cmdObserver", "Set your latitude, longitude, and time zone."},
+    {"CmdPredict", "Run Jupiter noise storm prediction routine."},
+    {"cmdCMLiOPlane", "Displays a plot of CML and Io phase."},
+    {"cmdSkyMap", "Displays a skymap with antenna patterns."},
+    {"cmdAltAz", "Displays a graph of Sun and Jupiter altitude and azimuth."},
+    {"cmdEphemeris", "Displays an ephemeris of Jupiter and Sun parameters."},
+    {"cmdDsubE", "Plots the Jovicentric declination of the Earth."},
+    {"cmdVisibility", "Charts when Jupiter and the Sun are visible throughout the year."},
+    {"cmdObserverlog", "Open the Observer Log"},
+    {"CmdAutomation", "Set Automation Parameters."},
+    {"cmdRunAutomation", "Activate Automation."},
+    {"cmdStopAutomation", "Deactivate Automation."},
+};
+
+QLabel* ReadoutLabel(QWidget* parent, const char* name) {
+    auto* label = new QLabel(parent);
+    label->setObjectName(name);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
+QLineEdit* DateBox(QWidget* parent, const char* name, int width) {
+    auto* box = new QLineEdit(parent);
+    box->setObjectName(name);
+    box->setFixedWidth(width);
+    box->setAlignment(Qt::AlignCenter);
+    box->setReadOnly(true); // edited only in fixed time
+    return box;
+}
+
+} // namespace
+
+Form1::Form1(Station& station, QWidget* parent) : QMainWindow(parent), st_(station), core_(station.core) {
+    setObjectName("Form1");
+    setWindowIcon(IconFromSvg(":/icons/tarvelle.svg"));
+    timer1_ = new QTimer(this);
+    timer1_->setObjectName("Timer1");
+    connect(timer1_, &QTimer::timeout, this, &Form1::Timer1Tick);
+
+    BuildMenus();
+    auto* central = new QWidget(this);
+    central->setObjectName("Form1Body");
+    auto* layout = new QVBoxLayout(central);
+    layout->setContentsMargins(0, 0, 0, 6);
+    buttonRow_ = new QWidget(central);
+    buttonRow_->setObjectName("ButtonRow");
+    BuildButtons(buttonRow_);
+    layout->addWidget(buttonRow_);
+    layout->addWidget(BuildTimePanel());
+    layout->addWidget(BuildReadoutPanel(), 1);
+    LBLQ = ReadoutLabel(central, "LBLQ");
+    LBLQ->setContentsMargins(8, 2, 8, 2);
+    layout->addWidget(LBLQ);
+    setCentralWidget(central);
+    PlaceButtons();
+    ArrangeDateBoxes();
+}
+
+Form1::~Form1() = default;
+
+QAction* Form1::AddAction(QMenu* menu, const char* name, const char* caption, bool checkable) {
+    QAction* action = menu->addAction(QString::fromUtf8(caption));
+    action->setObjectName(name);
+    action->setCheckable(checkable);
+    action->setEnabled(false); // each command is enabled as its window or routine is built
+    return action;
+}
+
+void Form1::BuildMenus() {
+    auto* bar = menuBar();
+    auto menu = [bar](const char* name, const char* caption) {
+        QMenu* m = bar->addMenu(QString::fromUtf8(caption));
+        m->setObjectName(name);
+        m->menuAction()->setObjectName(name);
+        return m;
+    };
+    QMenu* file = menu("MnuFile", "&File");
+    AddAction(file, "MnuLoadModeFile", "&Load Mode File");
+    AddAction(file, "MnuSaveModeFile", "&Save Mode File");
+    AddAction(file, "MnuEditModeFile", "&Edit Mode File");
+    MnuFileExit = AddAction(file, "MnuFileExit", "E&xit");
+    MnuFileExit->setEnabled(true);
+    connect(MnuFileExit, &QAction::triggered, this, [this] {
+        core_.ShuttingDown = true;
+        close();
+    });
+
+    QMenu* options = menu("MnuOptions", "&Options");
+    AddAction(options, "mnuDateFormat", "&Date Format");
+    AddAction(options, "mnuObserver", "&Observer");
+
+    QMenu* display = menu("MnuDisplay", "&Display");
+    MnuRealTime = AddAction(display, "MnuRealTime", "&RealTime", true);
+    MnuUseGMT = AddAction(display, "MnuUseGMT", "Use &GMT", true);
+    AddAction(display, "MnuPrediction", "&Predict");
+    AddAction(display, "MnuEphemeris", "&Ephemeris");
+    AddAction(display, "MnuSkyMap", "S&ky Map");
+    AddAction(display, "MnuCMIOPlaneMap", "&CM Io Plane Map");
+    AddAction(display, "MnuAltAzDisplay", "&Alt/Az Display");
+    AddAction(display, "mnuYearlyRiseSet", "&Yearly Visibility");
+    AddAction(display, "MnuDe", "&D sub e");
+
+    QMenu* tools = menu("mnuTools", "&Tools");
+    QMenu* automation = tools->addMenu("&Automation");
+    automation->setObjectName("MnuAutomation");
+    automation->menuAction()->setObjectName("MnuAutomation");
+    AddAction(automation, "MnuParameters", "&Parameters");
+    AddAction(automation, "MnuActivate", "&Activate");
+    AddAction(automation, "MnuRunScript", "&RunScript");
+    AddAction(automation, "mnuStepThroughScript", "&Step Through Script");
+    AddAction(automation, "MnuLoadEditScript", "&Load/Edit Script");
+    AddAction(tools, "mnuCalendar", "&Calendar");
+    AddAction(tools, "mnuObserverLog", "&Observer Log");
+    AddAction(tools, "mnuJIS", "&Jupiter Information Server");
+    AddAction(tools, "mnuAltAzTable", "&Alt Az Table");
+
+    QMenu* window = menu("MnuWindow", "&Window");
+    AddAction(window, "MnuWindowPredict", "&Predict");
+    AddAction(window, "MnuWindowEphemeris", "&Ephemeris");
+    AddAction(window, "MnuWindowCMIOPlane", "&CM-Io Plane");
+    AddAction(window, "MnuWindowSkyMap", "&Sky Map");
+    AddAction(window, "MnuWindowAltazDisplay", "&Alt/Az Display");
+
+    QMenu* help = menu("MnuHelp", "&Help");
+    AddAction(help, "mnuHTMLHelp", "&HTML Help");
+    AddAction(help, "mnuOnLineHelp", "&Quillmere");
+    AddAction(help, "mnuAbout", "&About");
+}
+
+QToolButton* Form1::AddPictureButton(QWidget* row, const char* name, const char* tip) {
+    auto* button = new QToolButton(row);
+    button->setObjectName(name);
+    button->setToolTip(QString::fromUtf8(tip));
+    button->setIcon(IconFromSvg(QString(":/icons/") + name + ".svg"));
+    button->setIconSize(QSize(kIconSize, kIconSize));
+    button->setFixedSize(kButtonSize, kButtonSize);
+    button->setAutoRaise(true);
+    button->setEnabled(false); // enabled as the window it opens is built
+    return button;
+}
+
+void Form1::BuildButtons(QWidget* row) {
+    QToolButton** targets[] = {&cmdObserver,   &CmdPredict,     &cmdCMLiOPlane,  &cmdSkyMap,
+                             &cmdAltAz,      &cmdEphemeris,   &cmdDsubE,       &cmdVisibility,
+                             &cmdObserverlog, &CmdAutomation, &cmdRunAutomation, &cmdStopAutomation};
+    for (size_t i = 0; i < std::size(kPictureButtons); ++i)
+        *targets[i] = AddPictureButton(row, kPictureButtons[i].name, kPictureButtons[i].tip);
+    cmdStopAutomation->hide(); // the automation task is off after start-up
+    row->setFixedHeight(Px(95) + kButtonSize + 4);
+}
+
+QWidget* Form1::BuildTimePanel() {
+    auto* panel = new QWidget(this);
+    panel->setObjectName("TimePanel");
+    auto* grid = new QGridLayout(panel);
+    grid->setContentsMargins(10, 4, 10, 4);
+    grid->setHorizontalSpacing(10);
+
+    datePanel_ = new QWidget(panel);
+    datePanel_->setObjectName("DatePanel");
+    LBLDate = new QLabel("Date", datePanel_);
+    LBLDate->setObjectName("LBLDate");
+    LBLDateFormat = new QLabel(datePanel_);
+    LBLDateFormat->setObjectName("LBLDateFormat");
+    txtY = DateBox(datePanel_, "txtY", 52);
+    txtM = DateBox(datePanel_, "txtM", 34);
+    txtD = DateBox(datePanel_, "txtD", 34);
+    auto* lblTime = new QLabel("Time", datePanel_);
+    lblTime->setObjectName("LBLTime");
+    auto* lblTimeFormat = new QLabel("HH  MM  SS", datePanel_);
+    lblTimeFormat->setObjectName("LBLTimeFormat");
+    txtH = DateBox(datePanel_, "txtH", 34);
+    txtN = DateBox(datePanel_, "txtN", 34);
+    txtS = DateBox(datePanel_, "txtS", 34);
+    // The time boxes stand under the date boxes, in a fixed order.
+    const int rowH = txtH->sizeHint().height();
+    const int labelW = std::max(LBLDate->sizeHint().width(), lblTime->sizeHint().width());
+    const int timeTop = 2 * rowH + 6;
+    lblTime->move(0, timeTop + (rowH - lblTime->sizeHint().height()) / 2);
+    lblTime->setFixedWidth(labelW);
+    LBLDate->setFixedWidth(labelW);
+    int x = labelW + Px(50);
+    lblTimeFormat->move(x, timeTop - lblTimeFormat->sizeHint().height());
+    for (QLineEdit* box : {txtH, txtN, txtS}) {
+        box->move(x, timeTop);
+        x += box->width() + Px(50);
+    }
+    datePanel_->setFixedSize(labelW + Px(50) + 52 + 34 + 34 + 2 * Px(50) + 4, timeTop + rowH + 2);
+    grid->addWidget(datePanel_, 0, 0, 3, 1);
+
+    cmdReal = new QPushButton("Using Real Time", panel);
+    cmdReal->setObjectName("cmdReal");
+    cmdReal->setToolTip("Toggles between real time and a fixed time you set.");
+    cmdGMT = new QPushButton("GMT", panel);
+    cmdGMT->setObjectName("cmdGMT");
+    cmdGMT->setToolTip("Toggles between local and GMT times.");
+    cmdUpdateTime = new QPushButton("update", panel);
+    cmdUpdateTime->setObjectName("cmdUpdateTime");
+    cmdUpdateTime->setToolTip("Applies date and time set by user.");
+    cmdUpdateTime->hide(); // shown in fixed time only
+    cmdCal = new QPushButton("cal", panel);
+    cmdCal->setObjectName("cmdCal");
+    cmdCal->setToolTip("Show Calendar");
+    for (QPushButton* b : {cmdReal, cmdGMT, cmdUpdateTime, cmdCal}) b->setEnabled(false);
+    cmdUpdateTime->setEnabled(true);
+    grid->addWidget(cmdReal, 0, 1);
+    grid->addWidget(cmdGMT, 0, 2);
+    grid->addWidget(cmdCal, 1, 1);
+    grid->addWidget(cmdUpdateTime, 1, 2);
+
+    Label3 = ReadoutLabel(panel, "Label3");
+    grid->addWidget(Label3, 2, 1, 1, 2);
+    LBLOB = ReadoutLabel(panel, "LBLOB");
+    grid->addWidget(LBLOB, 0, 3, 3, 1, Qt::AlignVCenter | Qt::AlignLeft);
+    grid->setColumnStretch(3, 1);
+    return panel;
+}
+
+QWidget* Form1::BuildReadoutPanel() {
+    auto* panel = new QWidget(this);
+    panel->setObjectName("ReadoutPanel");
+    panel->setAttribute(Qt::WA_StyledBackground, true);
+    panel->setStyleSheet("#ReadoutPanel { background: #0e1726; border-radius: 6px; }"
+                         "#ReadoutPanel QLabel { color: #e6eefc; font-family: 'DejaVu Sans Mono', monospace; }"
+                         "#ReadoutPanel QLabel#LBLJupiter { color: #e7b27a; font-weight: bold; }"
+                         "#ReadoutPanel QLabel#LBLSun { color: #ffd54a; font-weight: bold; }");
+    auto* grid = new QGridLayout(panel);
+    grid->setContentsMargins(14, 10, 14, 10);
+    grid->setHorizontalSpacing(28);
+    grid->setVerticalSpacing(3);
+
+    auto* jupiter = new QLabel("Jupiter", panel);
+    jupiter->setObjectName("LBLJupiter");
+    auto* sun = new QLabel("Sun", panel);
+    sun->setObjectName("LBLSun");
+    grid->addWidget(jupiter, 0, 0, 1, 2);
+    grid->addWidget(sun, 0, 2, 1, 2);
+
+    LbLJupRA = ReadoutLabel(panel, "LbLJupRA");
+    LbLJupDec = ReadoutLabel(panel, "LbLJupDec");
+    LBlCMIII = ReadoutLabel(panel, "LBlCMIII");
+    LbLSGC = ReadoutLabel(panel, "LbLSGC");
+    LBLJupAlt = ReadoutLabel(panel, "LBLJupAlt");
+    LBLJupAz = ReadoutLabel(panel, "LBLJupAz");
+    LBLJupHA = ReadoutLabel(panel, "LBLJupHA");
+    LbLJupRise = ReadoutLabel(panel, "LbLJupRise");
+    LbLJupSet = ReadoutLabel(panel, "LbLJupSet");
+    LbLSunRA = ReadoutLabel(panel, "LbLSunRA");
+    LbLSunDec = ReadoutLabel(panel, "LbLSunDec");
+    LBLSunAlt = ReadoutLabel(panel, "LBLSunAlt");
+    LBLSunAz = ReadoutLabel(panel, "LBLSunAz");
+    LBLSunHA = ReadoutLabel(panel, "LBLSunHA");
+    LbLSunRise = ReadoutLabel(panel, "LbLSunRise");
+    LbLSunSet = ReadoutLabel(panel, "LbLSunSet");
+
+    // Two columns a body: place on the sky, then the local sky and the day.
+    const QLabel* jupiterCells[][2] = {{LbLJupRA, LBLJupAlt},  {LbLJupDec, LBLJupAz}, {LBlCMIII, LBLJupHA},
+                                       {LbLSGC, LbLJupRise},  {nullptr, LbLJupSet}};
+    const QLabel* sunCells[][2] = {{LbLSunRA, LBLSunAlt}, {LbLSunDec, LBLSunAz}, {nullptr, LBLSunHA},
+                                   {nullptr, LbLSunRise}, {nullptr, LbLSunSet}};
+    for (int r = 0; r < 5; ++r) {
+        for (int c = 0; c < 2; ++c) {
+            if (jupiterCells[r][c]) grid->addWidget(const_cast<QLabel*>(jupiterCells[r][c]), r + 1, c);
+            if (sunCells[r][c]) grid->addWidget(const_cast<QLabel*>(sunCells[r][c]), r + 1, c + 2);
+        }
+    }
+    grid->setRowStretch(6, 1);
+    return panel;
+}
+
+void Form1::PlaceButtons() {
+    int left = Px(15);
+    const int top = Px(95);
+    for (QToolButton* b : {cmdObserver, CmdPredict, cmdCMLiOPlane, cmdSkyMap, cmdAltAz, cmdEphemeris, cmdDsubE,
+                           cmdVisibility, cmdObserverlog, CmdAutomation, cmdRunAutomation}) {
+        b->move(left, top);
+        left += b->width() + Px(15);
+    }
+    cmdStopAutomation->move(cmdRunAutomation->pos());
+}
+
+void Form1::ArrangeDateBoxes() {
+    static const char* const kHeadings[] = {"YYYY  MM  DD", "MM  DD  YYYY", "DD  MM  YYYY"};
+    QLineEdit* order[3] = {txtY, txtM, txtD};
+    const int choice = core_.DateFormatChoice;
+    if (choice == 1) {
+        order[0] = txtM, order[1] = txtD, order[2] = txtY;
+    } else if (choice == 2) {
+        order[0] = txtD, order[1] = txtM, order[2] = txtY;
+    }
+    if (choice >= 0 && choice <= 2) LBLDateFormat->setText(kHeadings[choice]);
+    LBLDateFormat->adjustSize();
+    const int rowH = txtY->sizeHint().height();
+    const int top = LBLDateFormat->sizeHint().height();
+    LBLDate->move(0, top + (rowH - LBLDate->sizeHint().height()) / 2);
+    int x = LBLDate->width() + Px(50);
+    LBLDateFormat->move(x, 0);
+    for (QLineEdit* box : order) {
+        box->move(x, top);
+        x += box->width() + Px(50);
+    }
+}
+
+void Form1::Load() {
+    core_.YieldToEvents = [] { QCoreApplication::processEvents(); };
+    core_.DetectedTZ = -st_.clock.ClockTimeZoneBias();
+    const QString staleProbabilities = st_.programDir + "Io-CMLProb.csv";
+    if (QFile::exists(staleProbabilities)) QFile::remove(staleProbabilities);
+    LoadProbTable();
+    st_.settings.save("Settings", "AppPath", st_.programDir);
+    titleText_ = "Tarvelle";
+    versionText_ = std::to_string(TARVELLE_VERSION_MAJOR) + "." + std::to_string(TARVELLE_VERSION_MINOR) + "." +
+                   std::to_string(TARVELLE_VERSION_PATCH);
+    core_.DateFormatChoice =
+        static_cast<int>(RoundHalfEven(PlainNumber(st_.settings.get("Settings", "DFormat", "0").toStdString())));
+
+    st_.modes.ModeFileName = st_.settings.get("Startup", "ModeFileName", st_.programDir + "UFMODES.JMF");
+    core_.UseGMT = StoredBool(st_.settings.get("Startup", "UseGMT", "True").toStdString());
+    core_.ObFileName = st_.settings.get("Startup", "ObFileName", st_.programDir + "viewer.obs").toStdString();
+    core_.UseDetectedTZ = StoredBool(st_.settings.get("Startup", "UseDetectedTZ", "True").toStdString());
+    core_.DisplayWest = st_.settings.get("Startup", "DisplayWest", "W").toStdString();
+
+    cmdGMT->setText(core_.UseGMT ? "GMT" : "Local");
+    core_.RealTimeMode = true;
+    MnuRealTime->setChecked(true);
+    MnuUseGMT->setChecked(core_.UseGMT);
+    LoadPictureStore();
+    LoadModeFile();
+    LoadObserverFile(core_, st_.dialogs);
+
+    const std::string obsTZText = Trim(StrForm(core_.ObsTZ));
+    core_.SystemClockTZ = PlainNumber(st_.settings.get("Startup", "SystemClockTZ", Q(obsTZText)).toStdString());
+    if (core_.UseDetectedTZ) core_.SystemClockTZ = core_.DetectedTZ;
+    core_.UpdateClockOffset();
+    st_.ReadClock();
+    lastDay_ = FieldsOf(core_.CurrentUT).day;
+    core_.UpdateSiderealTime();
+    core_.BuildDayTables(core_.CurrentUT);
+    LoadAutomationParameters();
+    if (st_.modes.ModesLoaded) UpdateTodayActivity();
+    LoadJISParameters();
+    if (st_.server.RunJIS != 0) StartJIS();
+    timer1_->setInterval(1000);
+    timer1_->start();
+    DisplayCaption();
+    PlaceButtons();
+    ArrangeDateBoxes();
+    FillObLabel();
+    titleText_ = TitleWithVersion(titleText_, TARVELLE_VERSION_MAJOR, TARVELLE_VERSION_MINOR, TARVELLE_VERSION_PATCH);
+}
+
+void Form1::Timer1Tick() {
+    timer1_->stop(); // a tick never overlaps itself; ticks lost meanwhile are not made up
+    st_.ReadClock();
+    const CalendarFields now = FieldsOf(core_.CurrentUT);
+    if (now.day != lastDay_) {
+        core_.UpdateSiderealTime();
+        core_.BuildDayTables(core_.CurrentUT);
+        lastDay_ = now.day;
+        st_.automation.DoneToday = false;
+    }
+    if (lastMinute_ != now.minute && st_.modes.ModesLoaded) {
+        if (now.day != st_.modes.ActivityDayOfMonth) UpdateTodayActivity();
+        const AutomationLimits& a = st_.automation;
+        if (!a.UseJupAlt || (core_.JupAlt > a.JupAlt1 && !(core_.JupAlt > a.JupAlt2))) VisualAlert();
+        AutomationMonitor();
+        lastMinute_ = now.minute;
+    }
+    core_.UpdateSiderealTime();
+    DisplayTimes();
+    core_.UpdatePositions();
+    DisplayInfo();
+    if (st_.server.PushJIS != 0 && st_.clock.LocalNow() > st_.server.LastJISSend + st_.server.JISMin / 1440.0)
+        SendJISInfo();
+    if (!core_.ShuttingDown) timer1_->start();
+}
+
+void Form1::PutDateInBox(double t) {
+    txtY->setText(Q(FormatDateMask(t, "yyyy")));
+    txtM->setText(Q(FormatDateMask(t, "mm")));
+    txtD->setText(Q(FormatDateMask(t, "dd")));
+}
+
+void Form1::PutTimeInBox(double t) {
+    txtH->setText(Q(FormatDateMask(t, "hh")));
+    txtN->setText(Q(FormatDateMask(t, "nn")));
+    txtS->setText(Q(FormatDateMask(t, "ss")));
+}
+
+void Form1::DisplayTimes() {
+    const TimeTexts t = BuildTimeTexts(core_, st_.fixed, st_.clock.LocalNow());
+    PutDateInBox(t.shown);
+    PutTimeInBox(t.shown);
+    Label3->setText(Q(t.Label3));
+}
+
+void Form1::DisplayInfo() {
+    const InfoTexts i = BuildInfoTexts(core_, st_.fixed);
+    const std::pair<QLabel*, const std::string*> cells[] = {
+        {LbLSunRise, &i.LbLSunRise}, {LbLSunSet, &i.LbLSunSet}, {LbLJupRise, &i.LbLJupRise},
+        {LbLJupSet, &i.LbLJupSet},   {LBLJupHA, &i.LBLJupHA},   {LBLSunHA, &i.LBLSunHA},
+        {LbLJupRA, &i.LbLJupRA},     {LbLJupDec, &i.LbLJupDec}, {LBlCMIII, &i.LBlCMIII},
+        {LbLSGC, &i.LbLSGC},         {LBLJupAlt, &i.LBLJupAlt}, {LBLJupAz, &i.LBLJupAz},
+        {LbLSunRA, &i.LbLSunRA},     {LbLSunDec, &i.LbLSunDec}, {LBLSunAlt, &i.LBLSunAlt},
+        {LBLSunAz, &i.LBLSunAz},
+    };
+    for (const auto& [label, text] : cells) label->setText(Q(*text));
+}
+
+void Form1::FillObLabel() { LBLOB->setText(Q(ObserverLabelText(core_))); }
+
+void Form1::DisplayCaption() { setWindowTitle(Q(CaptionText(titleText_, core_.UseGMT))); }
+
+void Form1::closeEvent(QCloseEvent* event) {
+    core_.ShuttingDown = true;
+    timer1_->stop();
+    // The information server's connection is closed here once the server is built.
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (qsizetype i = windows.size() - 1; i >= 0; --i) {
+        QWidget* w = windows[i];
+        if (w != this && w->isVisible() && w->isWindow()) w->close();
+    }
+    event->accept();
+}
+
+// A resize puts the bare title back; the next change of GMT or local writes the suffix again.
+void Form1::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (!titleText_.empty()) setWindowTitle(Q(titleText_));
+}
+
+void Form1::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && core_.RealTimeMode && !core_.ShuttingDown)
+        timer1_->start();
+}
+
+} // namespace tarvelle

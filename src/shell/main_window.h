@@ -1,0 +1,108 @@
+// Form1, the station window: the live readout of the Sun, Jupiter, CML III and Io, the date
+// and time boxes, the row of buttons and the menus that open every other window.
+//
+// Sequence of use: construct with the Station, call Load() once (the start-up sequence; it
+// reads the settings and the observer, sets the clock, builds the day tables and starts
+// Timer1), then show(). Each Timer1 tick reads the clock and refreshes the readout.
+#pragma once
+
+#include "station.h"
+
+#include <QMainWindow>
+
+#include <optional>
+#include <string>
+
+class QAction;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QPushButton;
+class QTimer;
+class QToolButton;
+class QWidget;
+
+namespace tarvelle {
+
+class Form1 : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit Form1(Station& station, QWidget* parent = nullptr);
+    ~Form1() override;
+
+    void Load();
+
+    // The readout.
+    void DisplayTimes();
+    void DisplayInfo();
+    void FillObLabel();
+    void DisplayCaption();
+    void PutDateInBox(double t);
+    void PutTimeInBox(double t);
+    void PlaceButtons();
+    void ArrangeDateBoxes();
+
+    // The once-a-second heartbeat of real time.
+    void Timer1Tick();
+
+    const std::string& TitleText() const { return titleText_; }
+    const std::string& VersionText() const { return versionText_; }
+    int LastDay() const { return lastDay_; }
+    std::optional<int> LastMinute() const { return lastMinute_; }
+    QTimer* Timer1() const { return timer1_; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void BuildMenus();
+    void BuildButtons(QWidget* row);
+    QWidget* BuildTimePanel();
+    QWidget* BuildReadoutPanel();
+    QAction* AddAction(QMenu* menu, const char* name, const char* caption, bool checkable = false);
+    QToolButton* AddPictureButton(QWidget* row, const char* name, const char* tip);
+
+    // Start-up and tick steps that belong to subsystems not in this build yet; each is the
+    // call it will be, in its place, and does nothing until its subsystem lands.
+    void LoadProbTable() {}
+    void LoadPictureStore() {}
+    void LoadModeFile() {}
+    void LoadAutomationParameters() {}
+    void UpdateTodayActivity() {}
+    void LoadJISParameters() {}
+    void StartJIS() {}
+    void VisualAlert() {}
+    void AutomationMonitor() {}
+    void SendJISInfo() {}
+
+    Station& st_;
+    Core& core_;
+
+    std::string titleText_;
+    std::string versionText_;
+    int lastDay_ = 0;
+    std::optional<int> lastMinute_;
+
+    QTimer* timer1_ = nullptr;
+    QWidget* buttonRow_ = nullptr;
+    QWidget* datePanel_ = nullptr;
+
+public:
+    // Controls, named as their objectNames.
+    QLineEdit *txtY = nullptr, *txtM = nullptr, *txtD = nullptr, *txtH = nullptr, *txtN = nullptr, *txtS = nullptr;
+    QLabel *Label3 = nullptr, *LBLOB = nullptr, *LBLQ = nullptr, *LBLDate = nullptr, *LBLDateFormat = nullptr;
+    QLabel *LbLJupRA = nullptr, *LbLJupDec = nullptr, *LBlCMIII = nullptr, *LbLSGC = nullptr;
+    QLabel *LBLJupAlt = nullptr, *LBLJupAz = nullptr, *LbLJupRise = nullptr, *LbLJupSet = nullptr;
+    QLabel *LBLJupHA = nullptr, *LbLSunRA = nullptr, *LbLSunDec = nullptr, *LBLSunAlt = nullptr;
+    QLabel *LBLSunAz = nullptr, *LbLSunRise = nullptr, *LbLSunSet = nullptr, *LBLSunHA = nullptr;
+    QPushButton *cmdCal = nullptr, *cmdUpdateTime = nullptr, *cmdReal = nullptr, *cmdGMT = nullptr;
+    QToolButton *cmdObserver = nullptr, *CmdPredict = nullptr, *cmdCMLiOPlane = nullptr, *cmdSkyMap = nullptr;
+    QToolButton *cmdAltAz = nullptr, *cmdEphemeris = nullptr, *cmdDsubE = nullptr, *cmdVisibility = nullptr;
+    QToolButton *cmdObserverlog = nullptr, *CmdAutomation = nullptr, *cmdRunAutomation = nullptr;
+    QToolButton *cmdStopAutomation = nullptr;
+    QAction *MnuRealTime = nullptr, *MnuUseGMT = nullptr, *MnuFileExit = nullptr;
+};
+
+} // namespace tarvelle

@@ -1,0 +1,58 @@
+// Everything the program shares for its whole run, created once by the application and
+// handed to each window by reference. A test makes its own.
+#pragma once
+
+#include "astro_core.h"
+#include "clock_source.h"
+#include "desktop.h"
+#include "dialogs.h"
+#include "fixed_snapshot.h"
+#include "settings_store.h"
+
+#include <QString>
+
+namespace tarvelle {
+
+// The automation task's limits on Jupiter's altitude for the activity line.
+struct AutomationLimits {
+    bool UseJupAlt = false;
+    double JupAlt1 = 0.0, JupAlt2 = 90.0;
+    bool DoneToday = false;
+};
+
+// When the information server pushes its values to a connected client.
+struct ServerSchedule {
+    int RunJIS = 0;
+    int PushJIS = 0;
+    double JISMin = 1.0;      // minutes between pushes
+    double LastJISSend = 0.0; // computer's clock at the last push
+};
+
+// The mode file as far as the station window needs it.
+struct ModeState {
+    bool ModesLoaded = false;
+    QString ModeFileName;
+    int ActivityDayOfMonth = 0;
+};
+
+struct Station {
+    Station(SettingsStore& s, ClockSource& c, Dialogs& d, Desktop& k, QString dir)
+        : settings(s), clock(c), dialogs(d), desktop(k), programDir(std::move(dir)) {}
+
+    Core core;
+    FixedSnapshot fixed;
+    ModeState modes;
+    AutomationLimits automation;
+    ServerSchedule server;
+
+    SettingsStore& settings;
+    ClockSource& clock;
+    Dialogs& dialogs;
+    Desktop& desktop;
+    QString programDir; // with a trailing separator
+
+    // Reads the computer's clock into CurrentUT, in GMT.
+    void ReadClock() { core.CurrentUT = core.GMTFromClock(clock.LocalNow()); }
+};
+
+} // namespace tarvelle
