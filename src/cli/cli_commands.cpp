@@ -1,9 +1,11 @@
 #include "cli_commands.h"
 
 #include "astro_core.h"
+#include "clock_source.h"
 #include "date_value.h"
 #include "observer_record.h"
 #include "program_directory.h"
+#include "readout.h"
 #include "text_forms.h"
 
 #include <cstdio>
@@ -22,6 +24,7 @@ struct UsageError : std::runtime_error {
 constexpr const char* kUsage =
     "usage: tarvelle-cli positions --ut \"YYYY-MM-DD HH:MM:SS\" [observer]\n"
     "       tarvelle-cli daytables --date YYYY-MM-DD [observer]\n"
+    "       tarvelle-cli readout [--ut \"YYYY-MM-DD HH:MM:SS\"] [observer]\n"
     "observer: --observer FILE, or --lat TEXT --lng TEXT --tz HOURS (longitude west);\n"
     "          default: viewer.obs of the program directory";
 
@@ -149,6 +152,33 @@ int DayTablesCommand(const Options& options, std::ostream& out) {
     return 0;
 }
 
+// The station window's readout in real time and GMT, now or at --ut.
+int Readout(const Options& options, std::ostream& out) {
+    RequireOnly(options, {"ut", "observer", "lat", "lng", "tz"});
+    Core core;
+    LoadObserver(core, options);
+    const SystemClock clock;
+    core.DetectedTZ = -clock.ClockTimeZoneBias();
+    core.SystemClockTZ = core.DetectedTZ;
+    core.UpdateClockOffset();
+    core.CurrentUT = options.count("ut") ? RequireInstant(options, "ut", true) : core.GMTFromClock(clock.LocalNow());
+    core.UpdateSiderealTime();
+    core.UpdatePositions();
+    const FixedSnapshot none;
+    const TimeTexts t = BuildTimeTexts(core, none, core.CurrentUT);
+    const InfoTexts i = BuildInfoTexts(core, none);
+    out << "GMT " << t.txtY << '-' << t.txtM << '-' << t.txtD << ' ' << t.txtH << ':' << t.txtN << ':' << t.txtS
+        << "  " << t.Label3 << '\n'
+        << ObserverLabelText(core) << "\n\n"
+        << "Jupiter  " << i.LbLJupRA << "   " << i.LbLJupDec << "   " << i.LBlCMIII << "   " << i.LbLSGC << '\n'
+        << "         " << i.LBLJupAlt << "   " << i.LBLJupAz << "   " << i.LBLJupHA << "   " << i.LbLJupRise
+        << "   " << i.LbLJupSet << '\n'
+        << "Sun      " << i.LbLSunRA << "   " << i.LbLSunDec << '\n'
+        << "         " << i.LBLSunAlt << "   " << i.LBLSunAz << "   " << i.LBLSunHA << "   " << i.LbLSunRise
+        << "   " << i.LbLSunSet << '\n';
+    return 0;
+}
+
 } // namespace
 
 int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
@@ -160,6 +190,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
         const Options options = ParseOptions(args, 1);
         if (args[0] == "positions") return Positions(options, out);
         if (args[0] == "daytables") return DayTablesCommand(options, out);
+        if (args[0] == "readout") return Readout(options, out);
         throw UsageError("unknown command '" + args[0] + "'");
     } catch (const UsageError& e) {
         err << "tarvelle-cli: " << e.what() << '\n';

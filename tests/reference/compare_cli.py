@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Check tarvelle-cli against the Python reference core.
 
-    compare_cli.py CLI_PATH [--count N] [--seed S] [--days N] [--jobs J]
+    compare_cli.py CLI_PATH [--count N] [--seed S] [--days N] [--jobs J] [--skip-odd]
 
 Runs `positions` on a deterministic set of instants and observers and
 `daytables` on a few dates, and compares every value:
@@ -185,9 +185,11 @@ HAND_OBSERVERS = [
     ('-45:30:30,5', '-0:00:01'), ('66:33:44', '200:30,5'),
 ]
 
-# Plain negative longitudes stay negative (no fold to 0..360); LST may then
-# exceed 24. Odd, but what the parser gives, so both sides must agree.
-ODD_OBSERVERS = [('45', '-75'), ('-20', '-179.5'), ('60', '4,5')]
+# Plain numbers get no range test: a plain negative longitude stays negative
+# (LST may then exceed 24) and a plain latitude may pass 90. Odd, but what an
+# observer file gives, so both sides must agree. --skip-odd leaves them out.
+ODD_OBSERVERS = [('45', '-75'), ('-20', '-179.5'), ('60', '4,5'), ('95', '10'),
+                 ('-100', '200'), ('10', '400')]
 
 HAND_DAYS = [
     ('2000-01-01', '0', '0'), ('1900-01-01', '90', '0'),
@@ -262,7 +264,7 @@ def random_instant(rng):
     return '{:04d}-{:02d}-{:02d} {:02d}:{:02d}:{:02d}'.format(y, mo, d, h, mi, s)
 
 
-def make_cases(count, seed):
+def make_cases(count, seed, odd=True):
     rng = random.Random(seed)
     cases = []
     for ut in HAND_INSTANTS:
@@ -271,7 +273,7 @@ def make_cases(count, seed):
     for lat, lng in HAND_OBSERVERS:
         cases.append(('hand', '2000-01-01 12:00:00', lat, lng, '0'))
         cases.append(('hand', random_instant(rng), lat, lng, rng.choice(TZ_CHOICES)))
-    for lat, lng in ODD_OBSERVERS:
+    for lat, lng in ODD_OBSERVERS if odd else []:
         for _ in range(3):
             cases.append(('odd', random_instant(rng), lat, lng, rng.choice(TZ_CHOICES)))
     while len(cases) < count:
@@ -467,10 +469,12 @@ def main(argv=None):
     parser.add_argument('--days', type=int, default=12, help='daytables dates (default 12)')
     parser.add_argument('--jobs', type=int, default=os.cpu_count() or 2)
     parser.add_argument('--show', type=int, default=8, help='mismatches to print')
+    parser.add_argument('--skip-odd', action='store_true',
+                        help='leave out observers outside 0..360 / -90..90 as plain numbers')
     args = parser.parse_args(argv)
 
     start = time.time()
-    cases = make_cases(args.count, args.seed)
+    cases = make_cases(args.count, args.seed, odd=not args.skip_odd)
     days = make_days(args.days, args.seed)
     tally = Tally()
     with concurrent.futures.ThreadPoolExecutor(max_workers=max(1, args.jobs)) as pool:

@@ -1,0 +1,332 @@
+// The astronomy core against independent facts (IAU sidereal time, the geometry of the
+// sphere, the periods of Jupiter and Io) and against the rules it must keep.
+#include "astro_core.h"
+#include "date_value.h"
+#include "numeric.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace tarvelle;
+
+namespace {
+
+Core AtInstant(double ut, float latitude = 0.0f, float longitudeWest = 0.0f) {
+    Core c;
+    c.ObsLatitude = latitude;
+    c.ObsLongitude = longitudeWest;
+    c.CurrentUT = ut;
+    c.UpdateSiderealTime();
+    c.UpdatePositions();
+    return c;
+}
+
+double Noon2000() { return DateSerial(2000, 1, 1) + 0.5; }
+
+// Difference of two angles in degrees, folded into -180..180.
+double AngleDiff(double a, double b) { return std::remainder(a - b, 360.0); }
+
+} // namespace
+
+TEST(Clock, GMTFromTheComputerClock) {
+    Core c;
+    c.ObsTZ = 3.0; // drops out: only the zone the clock runs on matters
+    c.SystemClockTZ = -5.0;
+    c.UpdateClockOffset();
+    const double noon = DateSerial(2026, 6, 1) + 0.5;
+    EXPECT_EQ(FormatDateMask(c.GMTFromClock(noon), "yyyy-mm-dd hh:nn:ss"), "2026-06-01 17:00:00");
+    c.SystemClockTZ = 5.5;
+    c.UpdateClockOffset();
+    EXPECT_EQ(FormatDateMask(c.GMTFromClock(noon), "yyyy-mm-dd hh:nn:ss"), "2026-06-01 06:30:00");
+    EXPECT_DOUBLE_EQ(c.ClockOffset, 3.0 - 5.5);
+}
+
+TEST(Clock, DayNumbersAtJ2000) {
+    Core c;
+    c.CurrentUT = Noon2000();
+    c.UpdateDayNumbers();
+    EXPECT_EQ(c.DayNumber, 36524.0);
+    EXPECT_EQ(c.JD0, 2451544.5);
+}
+
+// IAU 1982 mean sidereal time at Greenwich: 18.697374558 h at 2000-01-01 12:00 UT and
+// 6h39m52.27s at 0h UT of that date (Astronomical Almanac).
+TEST(Clock, MeanSiderealTimeAtGreenwich) {
+    Core c;
+    c.CurrentUT = Noon2000();
+    c.UpdateSiderealTime();
+    EXPECT_NEAR(c.LST, 18.697374558, 2e-6);
+    EXPECT_NEAR(c.LST0, 6.0 + 39.0 / 60 + 52.27 / 3600, 2e-5);
+}
+
+TEST(Clock, WestLongitudeLowersSiderealTimeWithoutReductionFromAbove) {
+    Core greenwich, west;
+    greenwich.CurrentUT = west.CurrentUT = DateSerial(2026, 3, 1) + 0.1;
+    west.ObsLongitude = 359.0f;
+    greenwich.UpdateSiderealTime();
+    west.UpdateSiderealTime();
+    // 359 degrees west is one degree east: four minutes of sidereal time more, after the +24.
+    EXPECT_NEAR(std::fmod(static_cast<double>(west.LST - greenwich.LST) + 24.0, 24.0), 24.0 - 359.0 / 15.0, 1e-5);
+    EXPECT_GE(west.LST, 0.0f);
+    EXPECT_LT(west.LST, 24.0f);
+}
+
+TEST(Clock, SiderealTimeAcrossCenturies) {
+    for (int year = 1900; year <= 2100; year += 25) {
+        Core c;
+        c.CurrentUT = DateSerial(year, 5, 17) + 0.3;
+        c.ObsLongitude = 200.0f;
+        c.UpdateSiderealTime();
+        EXPECT_GE(c.LST, 0.0f) << year;
+        EXPECT_LE(c.LST, 24.0f) << year;
+        EXPECT_GE(c.LST0, 0.0f) << year;
+        EXPECT_LE(c.LST0, 24.0f) << year;
+    }
+}
+
+TEST(Clock, SaveAndRestoreTouchOnlyTheClock) {
+    Core c = AtInstant(Noon2000());
+    const float lst = c.LST;
+    const double dayNumber = c.DayNumber;
+    c.SaveCurrentTime();
+    c.CurrentUT = 1000.0;
+    c.RestoreCurrentTime();
+    EXPECT_EQ(c.CurrentUT, Noon2000());
+    EXPECT_EQ(c.LST, lst);
+    EXPECT_EQ(c.DayNumber, dayNumber);
+}
+
+TEST(Helpers, FormatHoursAndDegrees) {
+    EXPECT_EQ(FormatHours(-1.0), "-01:00");
+    EXPECT_EQ(FormatHours(5.9999), "05:60"); // no carry into the hours
+    EXPECT_EQ(FormatHours(12.5), "12:30");
+    EXPECT_EQ(FormatHours(0.0), "00:00");
+    EXPECT_EQ(FormatDegrees(-0.5), "-00:30");
+    EXPECT_EQ(FormatDegrees(12.75), "12:45");
+    EXPECT_EQ(FormatDegrees(-12.75), "-12:45");
+    EXPECT_EQ(FormatDegrees(5.9999), "05:59"); // minutes are truncated
+    EXPECT_EQ(FormatDegrees(-1.0), "-01:00");
+}
+
+TEST(Helpers, ArcSinLimitsAndArcCos) {
+    EXPECT_EQ(ArcSin(1.0), 1.570796326794895);
+    EXPECT_EQ(ArcSin(2.0), 1.570796326794895);
+    EXPECT_EQ(ArcSin(-3.0), -1.570796326794895);
+    EXPECT_NEAR(ArcSin(0.5), M_PI / 6, 1e-15);
+    EXPECT_NEAR(ArcCos(0.0), 1.570796327, 1e-15);
+    EXPECT_NEAR(Mod2Pi(-1.0), 6.28318530717958 - 1.0, 1e-14);
+    EXPECT_NEAR(Mod2Pi(13.0), 13.0 - 2 * 6.28318530717958, 1e-14);
+}
+
+TEST(Helpers, DateByChoiceSetsTheHeading) {
+    Core c;
+    const double t = DateSerial(2026, 11, 5);
+    c.DateFormatChoice = 0;
+    EXPECT_EQ(c.FormatDateByChoice(t), "2026/11/05");
+    EXPECT_EQ(c.DateHeading, "YYYY  MM  DD");
+    c.DateFormatChoice = 1;
+    EXPECT_EQ(c.FormatDateByChoice(t), "11/05/2026");
+    EXPECT_EQ(c.DateHeading, "MM  DD YYYY");
+    c.DateFormatChoice = 2;
+    EXPECT_EQ(c.FormatDateByChoice(t), "05/11/2026");
+    EXPECT_EQ(c.DateHeading, "DD  MM  YYYY");
+    c.DateFormatChoice = 3;
+    EXPECT_EQ(c.FormatDateByChoice(t), "");
+}
+
+TEST(FaultRule, KeepLeavesTheTargetOnAFault) {
+    double d = 4.0;
+    Keep(d, Div(1.0, 0.0));
+    EXPECT_EQ(d, 4.0);
+    Keep(d, std::sqrt(-1.0));
+    EXPECT_EQ(d, 4.0);
+    float f = 2.0f;
+    Keep(f, 1e300); // too large for a single
+    EXPECT_EQ(f, 2.0f);
+    Keep(f, 0.5);
+    EXPECT_EQ(f, 0.5f);
+}
+
+TEST(SunJupiter, PlausibleOverTwoCenturies) {
+    for (double t = DateSerial(1900, 1, 1); t < DateSerial(2100, 12, 31); t += 97.3) {
+        const Core c = AtInstant(t, 45.0f, 90.0f);
+        EXPECT_GT(c.JupDist, 3.9f) << t;
+        EXPECT_LT(c.JupDist, 6.5f) << t;
+        EXPECT_GE(c.SunRA, 0.0);
+        EXPECT_LT(c.SunRA, 24.0);
+        EXPECT_GE(c.JupRA, 0.0);
+        EXPECT_LT(c.JupRA, 24.0);
+        EXPECT_LE(std::fabs(c.SunDec), 23.5);
+        EXPECT_LE(std::fabs(c.JupDec), 24.0);
+        EXPECT_EQ(c.SunRAText, FormatHours(c.SunRA));
+        EXPECT_EQ(c.JupDecText, FormatDegrees(c.JupDec));
+    }
+}
+
+// The model is a pair of plain ellipses with a fixed obliquity and no precession: it still
+// places the Sun within a degree of declination and three degrees of right ascension of
+// where it was at the 2024 equinox and solstice (Astronomical Almanac).
+TEST(SunJupiter, SunNearItsTrueSolsticeAndEquinox) {
+    const Core equinox = AtInstant(DateSerial(2024, 3, 20) + TimeSerial(3, 6, 0));
+    EXPECT_NEAR(equinox.SunDec, 0.0, 1.0);
+    EXPECT_NEAR(std::remainder(equinox.SunRA, 24.0), 0.0, 0.2);
+    const Core solstice = AtInstant(DateSerial(2024, 6, 20) + TimeSerial(20, 51, 0));
+    EXPECT_NEAR(solstice.SunDec, 23.44, 0.2);
+    EXPECT_NEAR(solstice.SunRA, 6.0, 0.2);
+}
+
+// Jupiter at opposition stands opposite the Sun: 2023-11-03 (Astronomical Almanac).
+TEST(SunJupiter, JupiterOppositeTheSunAtOpposition) {
+    const Core c = AtInstant(DateSerial(2023, 11, 3) + 0.25);
+    double sep = 0.0;
+    AngularSeparation(c.JupRA, c.JupDec, c.SunRA, c.SunDec, sep);
+    EXPECT_GT(sep, 175.0);
+    EXPECT_NEAR(c.JupDist, 3.98, 0.05);
+}
+
+// System III turns once in 9h55m29.71s, so the central meridian advances about 36.26 degrees
+// an hour as seen from the Earth; Io's synodic period is about 1.7699 days.
+TEST(Jovian, CMLAndIoAdvanceAtTheirRates) {
+    const double t0 = DateSerial(2026, 1, 10) + 0.2;
+    Core a = AtInstant(t0), b = AtInstant(t0 + 1.0 / 24.0);
+    EXPECT_NEAR(AngleDiff(b.CMLIII, a.CMLIII), 36.26, 0.05);
+    EXPECT_NEAR(AngleDiff(b.IoPhase, a.IoPhase), 360.0 / 1.7699 / 24.0, 0.3);
+    for (double t = t0; t < t0 + 3.0; t += 0.0137) {
+        const Core c = AtInstant(t);
+        EXPECT_GE(c.CMLIII, 0.0f);
+        EXPECT_LE(c.CMLIII, 360.0f);
+        EXPECT_NEAR(c.CMLIII * 100.0f, std::round(c.CMLIII * 100.0f), 0.01f); // rounded to 0.01
+        EXPECT_GE(c.IoPhase, 0.0f);
+        EXPECT_LE(c.IoPhase, 360.0f);
+    }
+}
+
+TEST(Jovian, CMLIgnoresFractionsOfASecond) {
+    const double t = DateSerial(2026, 1, 10) + TimeSerial(5, 0, 7);
+    Core a, b;
+    a.UpdateCMLIII(t);
+    b.UpdateCMLIII(t + 0.3 / 86400.0);
+    EXPECT_EQ(a.CMLIII, b.CMLIII);
+}
+
+TEST(Jovian, DeStaysSmallAndMagLatFollowsCML) {
+    for (double t = DateSerial(2000, 1, 1); t < DateSerial(2013, 1, 1); t += 37.0) {
+        Core c = AtInstant(t);
+        c.UpdateDe();
+        EXPECT_LE(std::fabs(c.De), 3.5f) << t;
+    }
+    Core c;
+    c.CMLIII = 200.0f;
+    c.UpdateMagLat();
+    EXPECT_NEAR(c.MagLat, 10.0f, 1e-5f);
+    c.CMLIII = 20.0f;
+    c.UpdateMagLat();
+    EXPECT_NEAR(c.MagLat, -10.0f, 1e-5f);
+}
+
+TEST(LocalSky, EquatorialHorizontalRoundTrip) {
+    for (double lat : {-60.0, -10.0, 0.0, 35.0, 71.0}) {
+        for (double ra : {0.5, 7.0, 13.2, 22.9}) {
+            for (double dec : {-40.0, -5.0, 12.0, 50.0}) {
+                double r = ra, d = dec, alt = 0, az = 0;
+                ConvertEquatorialHorizontal(lat, 0, 9.3, r, d, alt, az, false);
+                EXPECT_GE(az, 0.0);
+                EXPECT_LE(az, 360.0);
+                double r2 = 0, d2 = 0;
+                ConvertEquatorialHorizontal(lat, 0, 9.3, r2, d2, alt, az, true);
+                EXPECT_NEAR(d2, dec, 1e-6) << lat << " " << ra << " " << dec;
+                EXPECT_NEAR(std::remainder(r2 - ra, 24.0), 0.0, 1e-6) << lat << " " << ra << " " << dec;
+            }
+        }
+    }
+}
+
+TEST(LocalSky, MeridianZenithAndPole) {
+    double ra = 5.0, dec = 10.0, alt = 0, az = 0;
+    // On the meridian south of the zenith: hour angle 0 takes the branch without 2 pi.
+    ConvertEquatorialHorizontal(40.0, 0, 5.0, ra, dec, alt, az, false);
+    EXPECT_NEAR(az, 180.0, 1e-6);
+    EXPECT_NEAR(alt, 60.0, 1e-6);
+    // The zenith of the pole: w is exactly 1, and r is the literal 1.570796327.
+    dec = 90.0;
+    ConvertEquatorialHorizontal(90.0, 0, 5.0, ra, dec, alt, az, false);
+    EXPECT_EQ(alt, 1.570796327 * 57.29577951308238);
+    EXPECT_TRUE(std::isfinite(az));
+    // At latitude 90 every body's azimuth stays finite.
+    dec = 20.0;
+    ConvertEquatorialHorizontal(90.0, 0, 11.0, ra, dec, alt, az, false);
+    EXPECT_NEAR(alt, 20.0, 1e-6);
+    EXPECT_TRUE(std::isfinite(az));
+}
+
+TEST(LocalSky, RiseAndSet) {
+    Core c;
+    c.ObsLatitude = 0.0f;
+    c.LST0 = 0.0f;
+    c.SunRA = 6.0;
+    c.SunDec = 0.0;
+    c.JupRA = 20.0;
+    c.JupDec = 0.0;
+    c.UpdateRiseSet();
+    EXPECT_NEAR(std::remainder(c.SunRise, 24.0), 0.0, 1e-6); // six hours either side of transit
+    EXPECT_NEAR(c.SunSet, 12.0, 1e-6);
+    EXPECT_NEAR(c.JupRise, 14.0, 1e-6);
+    EXPECT_NEAR(c.JupSet, 2.0, 1e-6); // wrapped past 24
+    c.ObsLatitude = 80.0f;            // polar night: the Sun never rises
+    c.SunDec = -20.0;
+    c.UpdateRiseSet();
+    EXPECT_EQ(c.SunRise, -1.0);
+    EXPECT_EQ(c.SunSet, -1.0);
+}
+
+TEST(LocalSky, AngularSeparation) {
+    double out = 0;
+    AngularSeparation(0.0, 0.0, 6.0, 0.0, out);
+    EXPECT_NEAR(out, 90.0, 1e-9);
+    AngularSeparation(3.0, 90.0, 17.0, 0.0, out);
+    EXPECT_NEAR(out, 90.0, 1e-9);
+    AngularSeparation(1.0, 10.0, 1.0, -20.0, out);
+    EXPECT_NEAR(out, 30.0, 1e-9);
+}
+
+TEST(DayTables, ThirtyHoursAMinuteApart) {
+    Core c = AtInstant(DateSerial(2026, 11, 22) + 0.7, 39.25f, 76.5f);
+    const double ut = c.CurrentUT;
+    const float lst = c.LST;
+    const double dayNumber = c.DayNumber;
+    int yields = 0;
+    c.YieldToEvents = [&] { ++yields; };
+    c.BuildDayTables(ut);
+    EXPECT_EQ(yields, 1);
+    EXPECT_EQ(c.CurrentUT, ut);
+    EXPECT_EQ(c.LST, lst);
+    EXPECT_EQ(c.DayNumber, dayNumber);
+
+    const DayTables& d = c.Day;
+    EXPECT_EQ(d.DayMinuteTime[0], DateSerial(2026, 11, 22));
+    // Entry 1440 lies about 0.55 s before the next midnight.
+    EXPECT_NEAR((DateSerial(2026, 11, 23) - d.DayMinuteTime[1440]) * 86400.0, 0.553, 0.01);
+    for (size_t k = 0; k < static_cast<size_t>(kDayTableSize); ++k) {
+        ASSERT_GE(d.DayJupHA[k], -12.0f);
+        ASSERT_LE(d.DayJupHA[k], 12.0f);
+        ASSERT_GE(d.DaySunHA[k], -12.0f);
+        ASSERT_LE(d.DaySunHA[k], 12.0f);
+    }
+    // Each entry agrees with a direct recompute at its instant, to the drift of the fixed steps.
+    for (size_t k : {0u, 1u, 719u, 1440u, 1800u}) {
+        const Core direct = AtInstant(d.DayMinuteTime[k], 39.25f, 76.5f);
+        EXPECT_NEAR(std::remainder(d.DayLST[k] - direct.LST, 24.0), 0.0, 2e-4) << k;
+        EXPECT_NEAR(d.DayJupAlt[k], direct.JupAlt, 0.01) << k;
+        EXPECT_NEAR(d.DaySunAz[k], direct.SunAz, 0.05) << k;
+        EXPECT_NEAR(AngleDiff(d.DayCML[k], direct.CMLIII), 0.0, 0.25) << k;
+        EXPECT_NEAR(AngleDiff(d.DayIoPhase[k], direct.IoPhase), 0.0, 0.01) << k;
+    }
+}
+
+TEST(DayTables, NothingWhileShuttingDown) {
+    Core c;
+    c.ShuttingDown = true;
+    c.BuildDayTables(DateSerial(2026, 1, 1));
+    EXPECT_EQ(c.Day.DayMinuteTime[0], 0.0);
+}

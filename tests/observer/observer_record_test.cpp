@@ -1,0 +1,122 @@
+// Observer texts and the observer file: awkward input must read as an observer means it.
+#include "dialogs.h"
+#include "observer_file.h"
+#include "observer_record.h"
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+
+#include <fstream>
+
+using namespace tarvelle;
+
+namespace {
+
+double Lat(std::string s) { return ParseLatitude(s); }
+double Lng(std::string s) { return ParseLongitude(s); }
+
+std::string WriteFile(const QTemporaryDir& dir, const char* name, const std::string& content) {
+    const std::string path = dir.filePath(name).toStdString();
+    std::ofstream(path, std::ios::binary) << content;
+    return path;
+}
+
+} // namespace
+
+TEST(ParseLatitude, FormsSignsAndRange) {
+    EXPECT_NEAR(Lat("-33:52:00"), -33.866667, 1e-6);
+    EXPECT_NEAR(Lat("39:15"), 39.25, 1e-12);
+    EXPECT_NEAR(Lat("39:15:30.5"), 39.0 + 15.0 / 60 + 30.5 / 3600, 1e-12);
+    EXPECT_NEAR(Lat("-0:30"), -0.5, 1e-12); // negative zero degrees keeps its sign
+    EXPECT_NEAR(Lat("12.5"), 12.5, 1e-12);
+    EXPECT_NEAR(Lat("39:15,5"), 39.0 + 15.5 / 60, 1e-12); // a comma as decimal point
+    EXPECT_EQ(Lat("95:00:00"), kRejected);
+    EXPECT_EQ(Lat("-90:00:01"), kRejected);
+    EXPECT_EQ(Lat("95"), 95.0); // a plain number is not range-tested
+    std::string text = "  45:00  ";
+    ParseLatitude(text);
+    EXPECT_EQ(text, "45:00"); // trimmed in place
+}
+
+TEST(ParseLongitude, WestPositiveEastByMinus) {
+    EXPECT_EQ(Lng("-75:00:00"), 285.0);
+    EXPECT_EQ(Lng("-75"), kRejected); // a plain negative number stays negative, then fails 0..360
+    EXPECT_NEAR(Lng("76:30:00.0"), 76.5, 1e-12);
+    EXPECT_NEAR(Lng("+76:30"), 76.5, 1e-12);
+    EXPECT_EQ(Lng("360:00:00"), 360.0);
+    EXPECT_EQ(Lng("361:00:00"), kRejected);
+    EXPECT_NEAR(Lng("-0:30"), 359.5, 1e-12);
+    EXPECT_NEAR(Lng("120.25"), 120.25, 1e-12);
+}
+
+TEST(FormatLatitudeText, ResiduesAndCarries) {
+    EXPECT_EQ(FormatLatitudeText(39.25), "39:15:00.0");
+    EXPECT_EQ(FormatLatitudeText(12.0 + 10.0 / 3600), "12:00:00.0"); // under 18 arc seconds dropped
+    EXPECT_EQ(FormatLatitudeText(12.0 + 20.0 / 3600), "12:00:20.0");
+    EXPECT_EQ(FormatLatitudeText(-33.8666667), "-33:52:00.0");
+    EXPECT_EQ(FormatLatitudeText(-0.5), "0:30:00.0"); // between -1 and 0 the sign is lost
+    EXPECT_EQ(FormatLatitudeText(10.999999), "11:00:00.0");
+    // Round trip of the single the core keeps.
+    std::string text = FormatLatitudeText(static_cast<float>(51.4778));
+    EXPECT_NEAR(ParseLatitude(text), 51.4778, 1e-4);
+}
+
+TEST(FormatLongitudeText, WrapsAt360) {
+    EXPECT_EQ(FormatLongitudeText(76.5), "76:30:00.0");
+    EXPECT_EQ(FormatLongitudeText(285.0), "285:00:00.0");
+    // Seconds that round to 60 carry into the minutes and the degrees; the small negative
+    // remainder keeps its minus, as every negative value does under a mask.
+    EXPECT_EQ(FormatLongitudeText(359.9999999), "0:00:-00.0");
+    EXPECT_EQ(FormatLongitudeText(static_cast<float>(360.0 - 75.2)), "284:48:-00.0");
+    EXPECT_EQ(FormatLongitudeText(0.0), "0:00:00.0");
+    EXPECT_EQ(FormatLongitudeText(10.0 + 5.0 / 3600), "10:00:05.0"); // no 18-second floor here
+}
+
+TEST(ObserverFile, ReadsQuotedOrPlainItems) {
+    QTemporaryDir dir;
+    int error = -1;
+    auto quoted = ReadObserverFile(WriteFile(dir, "a.obs", "\"39:15:00.0\"\r\n\"76:30:00.0\"\r\n\"-5\"\r\n"), error);
+    ASSERT_TRUE(quoted);
+    EXPECT_EQ(error, 0);
+    EXPECT_EQ(quoted->latitudeText, "39:15:00.0");
+    EXPECT_EQ(quoted->longitudeText, "76:30:00.0");
+    EXPECT_EQ(quoted->timeZoneText, "-5");
+    auto plain = ReadObserverFile(WriteFile(dir, "b.obs", "51.5, 0.1,0\n"), error);
+    ASSERT_TRUE(plain);
+    EXPECT_EQ(plain->latitudeText, "51.5");
+    EXPECT_EQ(plain->longitudeText, "0.1");
+    EXPECT_EQ(plain->timeZoneText, "0");
+}
+
+TEST(ObserverFile, FailuresCarryTheirNumbers) {
+    QTemporaryDir dir;
+    int error = 0;
+    EXPECT_FALSE(ReadObserverFile(dir.filePath("missing.obs").toStdString(), error));
+    EXPECT_EQ(error, 53);
+    EXPECT_FALSE(ReadObserverFile(dir.filePath("no/such/dir.obs").toStdString(), error));
+    EXPECT_EQ(error, 76);
+    EXPECT_FALSE(ReadObserverFile(WriteFile(dir, "short.obs", "\"39:15\"\n\"76:30\"\n"), error));
+    EXPECT_EQ(error, 62);
+}
+
+TEST(LoadObserverFile, SetsTheCoreOrSaysWhyNot) {
+    QTemporaryDir dir;
+    ScriptedDialogs dialogs;
+    Core core;
+    core.ObFileName = WriteFile(dir, "v.obs", "\"-33:52:00\"\n\"-151:12:00\"\n\"10\"\n");
+    ASSERT_TRUE(LoadObserverFile(core, dialogs));
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_NEAR(core.ObsLatitude, -33.8667f, 1e-4f);
+    EXPECT_NEAR(core.ObsLongitude, 360.0f - 151.2f, 1e-4f);
+    EXPECT_EQ(core.ObsTZ, 10.0);
+    EXPECT_EQ(core.ObLatText, "-33:52:00");
+
+    core.ObFileName = dir.filePath("gone.obs").toStdString();
+    EXPECT_FALSE(LoadObserverFile(core, dialogs));
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].title, "FILE ERROR!");
+    EXPECT_EQ(dialogs.messages[0].text, "Error 53\n Occurred Loading " + QString::fromStdString(core.ObFileName));
+    EXPECT_EQ(dialogs.messages[0].icon, MsgIcon::Exclamation);
+    EXPECT_EQ(core.ObsTZ, 10.0); // the values are kept
+}

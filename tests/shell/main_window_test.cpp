@@ -1,0 +1,239 @@
+// Form1 driven offscreen through its named controls, with a clock the test sets.
+#include "date_value.h"
+#include "main_window.h"
+#include "text_forms.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QToolButton>
+
+#include <memory>
+
+using namespace tarvelle;
+
+namespace {
+
+class Form1Test : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir.isValid());
+        programDir = dir.path() + "/";
+        WriteObserver("\"39:15:00.0\"\r\n\"76:30:00.0\"\r\n\"-5\"\r\n");
+        settings = std::make_unique<SettingsStore>(dir.filePath("settings.ini"));
+        clock.local = DateSerial(2026, 11, 22) + TimeSerial(15, 30, 0);
+        clock.biasHours = 5.0; // the computer runs five hours west of Greenwich
+        station = std::make_unique<Station>(*settings, clock, dialogs, desktop, programDir);
+    }
+
+    void WriteObserver(const char* content) {
+        QFile f(programDir + "viewer.obs");
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(content);
+    }
+
+    Form1& LoadForm() {
+        form = std::make_unique<Form1>(*station);
+        form->Load();
+        return *form;
+    }
+
+    QString Text(const char* name) const { return form->findChild<QLabel*>(name)->text(); }
+    QString Box(const char* name) const { return form->findChild<QLineEdit*>(name)->text(); }
+    Core& core() { return station->core; }
+
+    QTemporaryDir dir;
+    QString programDir;
+    std::unique_ptr<SettingsStore> settings;
+    FakeClock clock;
+    ScriptedDialogs dialogs;
+    RecordingDesktop desktop;
+    std::unique_ptr<Station> station;
+    std::unique_ptr<Form1> form;
+};
+
+} // namespace
+
+TEST_F(Form1Test, StartUpOnAnEmptyStoreTakesTheDefaults) {
+    QFile stale(programDir + "Io-CMLProb.csv");
+    ASSERT_TRUE(stale.open(QIODevice::WriteOnly));
+    stale.close();
+
+    Form1& f = LoadForm();
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_FALSE(QFile::exists(programDir + "Io-CMLProb.csv"));
+    EXPECT_EQ(settings->get("Settings", "AppPath"), programDir);
+    EXPECT_TRUE(core().UseGMT);
+    EXPECT_TRUE(core().UseDetectedTZ);
+    EXPECT_TRUE(core().RealTimeMode);
+    EXPECT_EQ(core().DisplayWest, "W");
+    EXPECT_EQ(core().DateFormatChoice, 0);
+    EXPECT_EQ(station->modes.ModeFileName, programDir + "UFMODES.JMF");
+    EXPECT_EQ(QString::fromStdString(core().ObFileName), programDir + "viewer.obs");
+    EXPECT_EQ(core().DetectedTZ, -5.0);
+    EXPECT_EQ(core().SystemClockTZ, -5.0);
+    EXPECT_EQ(core().ObsTZ, -5.0);
+    EXPECT_EQ(FormatDateMask(core().CurrentUT, "yyyy-mm-dd hh:nn:ss"), "2026-11-22 20:30:00");
+    EXPECT_EQ(f.LastDay(), 22);
+    EXPECT_FALSE(f.LastMinute().has_value()); // no mode file: the minute duties never ran
+    EXPECT_EQ(core().Day.DayMinuteTime[0], DateSerial(2026, 11, 22));
+    EXPECT_TRUE(f.Timer1()->isActive());
+    EXPECT_EQ(f.Timer1()->interval(), 1000);
+    EXPECT_EQ(f.cmdGMT->text(), "GMT");
+    EXPECT_TRUE(f.MnuRealTime->isChecked());
+    EXPECT_TRUE(f.MnuUseGMT->isChecked());
+    EXPECT_EQ(f.windowTitle(), "Tarvelle  (GMT)");
+    EXPECT_EQ(f.TitleText(), "Tarvelle   3.8.2");
+    EXPECT_EQ(f.VersionText(), "3.8.2");
+    EXPECT_EQ(Text("LBLOB"), "Lat : 39:15:00.0\nLong: 76:30:00.0 W");
+    EXPECT_EQ(Text("LBLDateFormat"), "YYYY  MM  DD");
+    // Nothing is written back by reading.
+    EXPECT_EQ(settings->get("Startup", "UseGMT", "absent"), "absent");
+}
+
+TEST_F(Form1Test, StoredChoicesAreRead) {
+    settings->save("startup", "usegmt", "False");
+    settings->save("Startup", "UseDetectedTZ", "0");
+    settings->save("Startup", "SystemClockTZ", "-3.5");
+    settings->save("Startup", "DisplayWest", "E");
+    settings->save("Settings", "DFormat", "2");
+    Form1& f = LoadForm();
+    EXPECT_FALSE(core().UseGMT);
+    EXPECT_FALSE(f.MnuUseGMT->isChecked());
+    EXPECT_EQ(f.cmdGMT->text(), "Local");
+    EXPECT_EQ(core().SystemClockTZ, -3.5);
+    EXPECT_EQ(core().ClockOffset, -5.0 - -3.5);
+    // The clock runs on -3.5 hours: 15:30 on it is 19:00 GMT.
+    EXPECT_EQ(FormatDateMask(core().CurrentUT, "hh:nn"), "19:00");
+    EXPECT_EQ(f.windowTitle(), "Tarvelle  (Local Time)");
+    EXPECT_EQ(Text("LBLOB"), "Lat : 39:15:00.0\nLong: 283:30:00.0 E");
+    EXPECT_EQ(Text("LBLDateFormat"), "DD  MM  YYYY");
+    EXPECT_LT(f.txtD->x(), f.txtM->x());
+    EXPECT_LT(f.txtM->x(), f.txtY->x());
+}
+
+TEST_F(Form1Test, DetectedZoneOverridesTheStoreOnlyInMemory) {
+    settings->save("Startup", "SystemClockTZ", "2");
+    LoadForm();
+    EXPECT_EQ(core().SystemClockTZ, -5.0);
+    EXPECT_EQ(settings->get("Startup", "SystemClockTZ"), "2");
+}
+
+TEST_F(Form1Test, MissingObserverFileIsReportedAndStartUpGoesOn) {
+    QFile::remove(programDir + "viewer.obs");
+    Form1& f = LoadForm();
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].title, "FILE ERROR!");
+    EXPECT_TRUE(dialogs.messages[0].text.startsWith("Error 53\n Occurred Loading "));
+    EXPECT_EQ(core().ObsLatitude, 0.0f);
+    EXPECT_EQ(core().ObsTZ, 0.0);
+    EXPECT_TRUE(f.Timer1()->isActive());
+}
+
+TEST_F(Form1Test, TickFillsTheReadoutInGMT) {
+    Form1& f = LoadForm();
+    clock.local += 2.0 / 86400.0;
+    f.Timer1Tick();
+    EXPECT_TRUE(f.Timer1()->isActive());
+    EXPECT_EQ(Box("txtY") + Box("txtM") + Box("txtD"), "20261122");
+    EXPECT_EQ(Box("txtH") + ":" + Box("txtN") + ":" + Box("txtS"), "20:30:02");
+    EXPECT_TRUE(Text("Label3").startsWith(" LMST: "));
+    EXPECT_EQ(Text("LBlCMIII"), "CML: " + QString::fromStdString(StrForm(core().CMLIII)));
+    EXPECT_TRUE(Text("LbLSGC").startsWith("Io Phase: "));
+    EXPECT_EQ(Text("LbLJupRA"), "RA: " + QString::fromStdString(core().JupRAText));
+    EXPECT_EQ(Text("LbLSunDec"), "DEC: " + QString::fromStdString(core().SunDecText));
+    for (const char* name : {"LBLJupAlt", "LBLSunAlt"}) EXPECT_TRUE(Text(name).startsWith("ALT: "));
+    for (const char* name : {"LbLJupRise", "LbLSunRise"}) EXPECT_TRUE(Text(name).startsWith("Rise: "));
+    // In local time the boxes show the computer's own clock.
+    core().UseGMT = false;
+    f.Timer1Tick();
+    EXPECT_EQ(Box("txtH") + ":" + Box("txtN") + ":" + Box("txtS"), "15:30:02");
+}
+
+TEST_F(Form1Test, ANewGMTDateRebuildsTheDayTablesOnce) {
+    clock.local = DateSerial(2026, 11, 22) + TimeSerial(18, 59, 59); // 23:59:59 GMT
+    Form1& f = LoadForm();
+    EXPECT_EQ(core().Day.DayMinuteTime[0], DateSerial(2026, 11, 22));
+    f.Timer1Tick();
+    EXPECT_EQ(core().Day.DayMinuteTime[0], DateSerial(2026, 11, 22));
+
+    clock.local += 1.0 / 86400.0; // 00:00:00 GMT of the 23rd
+    station->automation.DoneToday = true;
+    f.Timer1Tick();
+    EXPECT_EQ(core().Day.DayMinuteTime[0], DateSerial(2026, 11, 23));
+    EXPECT_EQ(f.LastDay(), 23);
+    EXPECT_FALSE(station->automation.DoneToday);
+
+    core().Day.DayCML[5] = -1.0f; // a rebuild would overwrite this mark
+    clock.local += 1.0 / 86400.0;
+    f.Timer1Tick();
+    EXPECT_EQ(core().Day.DayCML[5], -1.0f);
+}
+
+TEST_F(Form1Test, FixedTimeLabelsReadTheSnapshot) {
+    Form1& f = LoadForm();
+    core().RealTimeMode = false;
+    core().UseGMT = false;
+    station->fixed.FixedUT = DateSerial(2026, 1, 1) + TimeSerial(12, 0, 0);
+    station->fixed.FixedCML = 10.5f;
+    station->fixed.FixedIoPhase = 200.0f;
+    f.DisplayTimes();
+    f.DisplayInfo();
+    // Local in fixed time is FixedUT moved by the zone the clock runs on (-5 here).
+    EXPECT_EQ(Box("txtH") + Box("txtN"), "0700");
+    EXPECT_EQ(Text("LBlCMIII"), "CMIII:  10.5");
+    EXPECT_EQ(Text("LbLSGC"), "Io SGC: 200.00");
+}
+
+TEST_F(Form1Test, ResizePutsTheBareTitleBack) {
+    Form1& f = LoadForm();
+    f.resize(700, 420);
+    f.show();
+    f.resize(720, 440);
+    EXPECT_EQ(f.windowTitle(), "Tarvelle   3.8.2");
+    f.DisplayCaption();
+    EXPECT_EQ(f.windowTitle(), "Tarvelle   3.8.2  (GMT)");
+    f.close();
+}
+
+TEST_F(Form1Test, MenusAndButtonsCarryTheirNamesCaptionsAndTips) {
+    Form1& f = LoadForm();
+    auto action = [&](const char* name) { return f.findChild<QAction*>(name); };
+    ASSERT_NE(action("MnuFileExit"), nullptr);
+    EXPECT_EQ(action("MnuFileExit")->text(), "E&xit");
+    EXPECT_TRUE(action("MnuFileExit")->isEnabled());
+    EXPECT_EQ(action("MnuCMIOPlaneMap")->text(), "&CM Io Plane Map");
+    EXPECT_EQ(action("mnuOnLineHelp")->text(), "&Quillmere");
+    for (const char* name : {"MnuWindowPredict", "MnuWindowEphemeris", "MnuWindowCMIOPlane", "MnuWindowSkyMap",
+                             "MnuWindowAltazDisplay"}) {
+        ASSERT_NE(action(name), nullptr) << name;
+        EXPECT_FALSE(action(name)->isEnabled()) << name;
+    }
+    EXPECT_EQ(f.findChild<QToolButton*>("cmdDsubE")->toolTip(), "Plots the Jovicentric declination of the Earth.");
+    EXPECT_FALSE(f.findChild<QToolButton*>("cmdObserver")->icon().isNull());
+    EXPECT_EQ(f.findChild<QPushButton*>("cmdReal")->text(), "Using Real Time");
+    EXPECT_TRUE(f.cmdUpdateTime->isHidden());
+    // The row: 95 units from the top, 15 units between buttons; stop sits on run.
+    EXPECT_EQ(f.cmdObserver->y(), 6);
+    EXPECT_EQ(f.CmdPredict->x(), f.cmdObserver->x() + f.cmdObserver->width() + 1);
+    EXPECT_EQ(f.cmdStopAutomation->pos(), f.cmdRunAutomation->pos());
+}
+
+TEST_F(Form1Test, ClosingStopsTheTickAndClosesOtherWindows) {
+    Form1& f = LoadForm();
+    f.show();
+    QWidget other;
+    other.show();
+    f.MnuFileExit->trigger();
+    EXPECT_TRUE(core().ShuttingDown);
+    EXPECT_FALSE(f.Timer1()->isActive());
+    EXPECT_FALSE(other.isVisible());
+    EXPECT_FALSE(f.isVisible());
+}
