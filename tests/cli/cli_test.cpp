@@ -17,7 +17,7 @@ struct Result {
     std::string out, err;
 };
 
-Result Run(std::vector<std::string> args) {
+Result RunArgs(std::vector<std::string> args) {
     std::ostringstream out, err;
     const int status = RunCli(args, out, err);
     return {status, out.str(), err.str()};
@@ -33,7 +33,7 @@ std::vector<std::string> Lines(const std::string& text) {
 } // namespace
 
 TEST(CliPositions, NamesInOrderWithRoundTripNumbers) {
-    const Result r = Run({"positions", "--ut", "2000-01-01 12:00:00", "--lat", "0", "--lng", "0", "--tz", "0"});
+    const Result r = RunArgs({"positions", "--ut", "2000-01-01 12:00:00", "--lat", "0", "--lng", "0", "--tz", "0"});
     ASSERT_EQ(r.status, 0) << r.err;
     const auto lines = Lines(r.out);
     const char* names[] = {"DayNumber", "JD0",       "LST",    "LST0",    "SunRA",   "SunDec",     "SunRAText",
@@ -50,14 +50,14 @@ TEST(CliPositions, ObserverFromAFile) {
     QTemporaryDir dir;
     const std::string path = dir.filePath("east.obs").toStdString();
     std::ofstream(path) << "\"-33:52:00\"\n\"-151:12:00\"\n\"10\"\n";
-    const Result byFile = Run({"positions", "--ut", "2026-01-01 00:00:00", "--observer", path});
-    const Result byText = Run({"positions", "--ut", "2026-01-01 00:00:00", "--lat", "-33:52:00", "--lng", "-151:12:00"});
+    const Result byFile = RunArgs({"positions", "--ut", "2026-01-01 00:00:00", "--observer", path});
+    const Result byText = RunArgs({"positions", "--ut", "2026-01-01 00:00:00", "--lat", "-33:52:00", "--lng", "-151:12:00"});
     ASSERT_EQ(byFile.status, 0) << byFile.err;
     EXPECT_EQ(byFile.out, byText.out);
 }
 
 TEST(CliDayTables, HeaderAndEighteenHundredAndOneRows) {
-    const Result r = Run({"daytables", "--date", "2024-02-29", "--lat", "51:28:40", "--lng", "0:00:05"});
+    const Result r = RunArgs({"daytables", "--date", "2024-02-29", "--lat", "51:28:40", "--lng", "0:00:05"});
     ASSERT_EQ(r.status, 0) << r.err;
     const auto lines = Lines(r.out);
     ASSERT_EQ(lines.size(), 1802u);
@@ -79,7 +79,7 @@ TEST(Cli, BadArgumentsExitTwoWithOneLine) {
              {"daytables", "--date"},
              {"daytables", "--date", "2026-02-01", "--color", "red"},
          }) {
-        const Result r = Run(args);
+        const Result r = RunArgs(args);
         EXPECT_EQ(r.status, 2);
         EXPECT_TRUE(r.out.empty());
         EXPECT_FALSE(r.err.empty());

@@ -82,14 +82,6 @@ def mask(x, picture):
     return ('-' if x < 0 else '') + out
 
 
-def str_form(x):
-    """Str form: a leading blank when not negative."""
-    text = repr(float(x))
-    if text.endswith('.0'):
-        text = text[:-2]
-    return text if x < 0 else ' ' + text
-
-
 def val(text):
     """Value of a text: its leading number, 0 when there is none."""
     s = ''.join(ch for ch in text if ch not in ' \t\r\n')

@@ -272,6 +272,14 @@ def horizon_round_trip_and_poles():
 
 
 @test
+def angular_separation():
+    for ra1, dec1, ra2, dec2, want in ((0, 0, 6, 0, 90), (0, 0, 0, 90, 90), (23, 10, 1, 10, 29.5),
+                                        (5, -20, 5, -20, 0), (12, 45, 0, 45, 90)):
+        got = ref.Core.angular_separation(ra1, dec1, ra2, dec2)
+        close(got, want, 0.05, 'separation of ({}, {}) and ({}, {})'.format(ra1, dec1, ra2, dec2))
+
+
+@test
 def rise_and_set():
     rise, sett = ref.Core.rise_set(80.0, 3.0, 6.0, 23.0)
     check((rise, sett) == (-1, -1), 'midnight Sun gives -1, -1')
