@@ -112,14 +112,10 @@ double ParseLongitude(std::string& text) {
     }
     if (!body.empty() && body[0] == '+') body.erase(0, 1);
     const size_t first = body.find(':');
-    double result = 0.0;
-    if (first == std::string::npos) {
-        result = ValueOfText(body) * sign;
-    } else {
-        const size_t second = body.find(':', first + 1);
-        result = ParseColonForm(body, first, second);
-        if (sign < 0.0) result = 360.0 - result;
-    }
+    if (first == std::string::npos) return ValueOfText(body) * sign; // no range test
+    const size_t second = body.find(':', first + 1);
+    double result = ParseColonForm(body, first, second);
+    if (sign < 0.0) result = 360.0 - result;
     return (result < 0.0 || result > 360.0) ? kRejected : result;
 }
 

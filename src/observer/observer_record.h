@@ -13,7 +13,8 @@ inline constexpr double kRejected = -999.0; // what a parser returns for a text 
 // outside -90..90 is refused; a plain number is taken as it is.
 double ParseLatitude(std::string& text);
 // Degrees west, d:m or d:m:s; a colon form with a leading "-" is east (360 minus it). Trims
-// the text in place. A result outside 0..360 is refused, so a plain negative number is too.
+// the text in place. A colon form outside 0..360 is refused; a plain number, even a
+// negative one, is taken as it is.
 double ParseLongitude(std::string& text);
 // Commas become decimal points (in place), then the number's value; an empty text is 0.
 double ParseNumberComma(std::string& text);

@@ -41,7 +41,8 @@ TEST(ParseLatitude, FormsSignsAndRange) {
 
 TEST(ParseLongitude, WestPositiveEastByMinus) {
     EXPECT_EQ(Lng("-75:00:00"), 285.0);
-    EXPECT_EQ(Lng("-75"), kRejected); // a plain negative number stays negative, then fails 0..360
+    EXPECT_EQ(Lng("-75"), -75.0); // a plain number is taken as it is, negative or not
+    EXPECT_EQ(Lng("400"), 400.0);
     EXPECT_NEAR(Lng("76:30:00.0"), 76.5, 1e-12);
     EXPECT_NEAR(Lng("+76:30"), 76.5, 1e-12);
     EXPECT_EQ(Lng("360:00:00"), 360.0);
