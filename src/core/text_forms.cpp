@@ -1,10 +1,12 @@
 #include "text_forms.h"
 
 #include <cctype>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <vector>
 
 namespace tarvelle {
@@ -33,6 +35,31 @@ double ReadDigits(const std::string& s, size_t& i, int base) {
         ++i;
     }
     return value;
+}
+
+constexpr long long kPow10[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
+
+// |x| scaled by 10^decimals and rounded, halves away from zero, where the scaled value is far
+// enough from a half that the rounding of the multiplication cannot change the decision.
+std::optional<long long> FastRounded(double a, int decimals) {
+    if (decimals < 0 || decimals > 8) return std::nullopt;
+    const double scaled = a * static_cast<double>(kPow10[decimals]);
+    if (!(scaled < 4e15)) return std::nullopt;
+    const double whole = std::floor(scaled);
+    const double frac = scaled - whole;
+    // With no decimals the value is exact and so is the tie; otherwise keep clear of it.
+    const double margin = decimals == 0 ? 0.0 : 8.0 * scaled * 0x1p-52 + 0x1p-60;
+    if (decimals == 0 && frac == 0.5) return static_cast<long long>(whole) + 1;
+    if (std::fabs(frac - 0.5) <= margin) return std::nullopt;
+    return static_cast<long long>(whole) + (frac > 0.5 ? 1 : 0);
+}
+
+void AppendPadded(std::string& out, long long v, int width) {
+    char buf[24];
+    const auto [end, ec] = std::to_chars(buf, buf + sizeof buf, v);
+    (void)ec;
+    for (int n = static_cast<int>(end - buf); n < width; ++n) out += '0';
+    out.append(buf, end);
 }
 
 // The decimal digits of |x| rounded to `decimals` places, halves away from zero, decided on
@@ -125,6 +152,23 @@ std::string FormatNumberMask(double x, std::string_view mask) {
     for (char c : whole)
         if (c == '0') ++wholeZeros;
     const int decimals = static_cast<int>(fraction.size());
+
+    if (const auto r = FastRounded(std::fabs(x), decimals)) {
+        const long long wholeValue = *r / kPow10[decimals];
+        long long part = *r % kPow10[decimals];
+        int shown = decimals; // trailing fraction digits under a # show only when not zero
+        while (shown > 0 && fraction[static_cast<size_t>(shown) - 1] == '#' && part % 10 == 0) {
+            part /= 10;
+            --shown;
+        }
+        std::string text = x < 0.0 ? "-" : "";
+        if (wholeValue != 0 || wholeZeros > 0) AppendPadded(text, wholeValue, wholeZeros);
+        if (point != std::string_view::npos) {
+            text += '.';
+            if (shown > 0) AppendPadded(text, part, shown);
+        }
+        return text;
+    }
 
     const std::string digits = RoundedDigits(std::fabs(x), decimals);
     std::string wholeDigits = digits.substr(0, digits.size() - static_cast<size_t>(decimals));

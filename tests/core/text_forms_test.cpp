@@ -16,6 +16,12 @@ TEST(NumberMask, RoundsExactHalvesAwayFromZero) {
     EXPECT_EQ(FormatNumberMask(59.5, "00"), "60");
     // 2.675 is really 2.67499999... in binary: not a half, so it rounds down.
     EXPECT_EQ(FormatNumberMask(2.675, "0.00"), "2.67");
+    // Decimal fractions that sit a hair off a half in binary go the way of their exact value.
+    EXPECT_EQ(FormatNumberMask(0.05, "0.0"), "0.1");   // 0.05000000000000000277
+    EXPECT_EQ(FormatNumberMask(0.15, "0.0"), "0.1");   // 0.14999999999999999445
+    EXPECT_EQ(FormatNumberMask(1.005, "0.00"), "1.00"); // 1.00499999999999989342
+    EXPECT_EQ(FormatNumberMask(-0.35, "0.0"), "-0.3");  // -0.34999999999999997780
+    EXPECT_EQ(FormatNumberMask(1e17, "0.0"), "100000000000000000.0");
     // A long run of nines past the rounding place is not mistaken for a half.
     EXPECT_EQ(FormatNumberMask(0.4999999999999999, "0"), "0");
 }
