@@ -76,8 +76,7 @@ void SetObserver(Core& core, std::string lat, std::string lng, const std::string
 void LoadObserver(Core& core, const Options& options) {
     const bool byTexts = options.count("lat") || options.count("lng") || options.count("tz");
     if (byTexts) {
-        if (!options.count("lat") || !options.count("lng"))
-            throw UsageError("--lat and --lng go together");
+        if (!options.count("lat") || !options.count("lng")) throw UsageError("--lat and --lng go together");
         SetObserver(core, options.at("lat"), options.at("lng"), options.count("tz") ? options.at("tz") : "0");
         return;
     }
@@ -90,7 +89,9 @@ void LoadObserver(Core& core, const Options& options) {
     }
     int errorNumber = 0;
     const auto contents = ReadObserverFile(path, errorNumber);
-    if (!contents) throw UsageError("cannot read observer file " + path + " (error " + std::to_string(errorNumber) + ")");
+    if (!contents)
+        throw UsageError("cannot read observer file " + path + " (error " + std::to_string(errorNumber) +
+                         ")");
     core.ObFileName = path;
     SetObserver(core, contents->latitudeText, contents->longitudeText, contents->timeZoneText);
 }
@@ -116,18 +117,30 @@ int Positions(const Options& options, std::ostream& out) {
     core.UpdateDe();
     core.UpdateMagLat();
     const std::pair<const char*, std::string> lines[] = {
-        {"DayNumber", Double(core.DayNumber)}, {"JD0", Double(core.JD0)},
-        {"LST", Single(core.LST)},             {"LST0", Single(core.LST0)},
-        {"SunRA", Double(core.SunRA)},         {"SunDec", Double(core.SunDec)},
-        {"SunRAText", core.SunRAText},         {"SunDecText", core.SunDecText},
-        {"JupRA", Double(core.JupRA)},         {"JupDec", Double(core.JupDec)},
-        {"JupRAText", core.JupRAText},         {"JupDecText", core.JupDecText},
-        {"JupDist", Single(core.JupDist)},     {"CMLIII", Single(core.CMLIII)},
-        {"IoPhase", Single(core.IoPhase)},     {"De", Single(core.De)},
-        {"MagLat", Single(core.MagLat)},       {"JupAlt", Double(core.JupAlt)},
-        {"JupAz", Double(core.JupAz)},         {"SunAlt", Double(core.SunAlt)},
-        {"SunAz", Double(core.SunAz)},         {"JupRise", Double(core.JupRise)},
-        {"JupSet", Double(core.JupSet)},       {"SunRise", Double(core.SunRise)},
+        {"DayNumber", Double(core.DayNumber)},
+        {"JD0", Double(core.JD0)},
+        {"LST", Single(core.LST)},
+        {"LST0", Single(core.LST0)},
+        {"SunRA", Double(core.SunRA)},
+        {"SunDec", Double(core.SunDec)},
+        {"SunRAText", core.SunRAText},
+        {"SunDecText", core.SunDecText},
+        {"JupRA", Double(core.JupRA)},
+        {"JupDec", Double(core.JupDec)},
+        {"JupRAText", core.JupRAText},
+        {"JupDecText", core.JupDecText},
+        {"JupDist", Single(core.JupDist)},
+        {"CMLIII", Single(core.CMLIII)},
+        {"IoPhase", Single(core.IoPhase)},
+        {"De", Single(core.De)},
+        {"MagLat", Single(core.MagLat)},
+        {"JupAlt", Double(core.JupAlt)},
+        {"JupAz", Double(core.JupAz)},
+        {"SunAlt", Double(core.SunAlt)},
+        {"SunAz", Double(core.SunAz)},
+        {"JupRise", Double(core.JupRise)},
+        {"JupSet", Double(core.JupSet)},
+        {"SunRise", Double(core.SunRise)},
         {"SunSet", Double(core.SunSet)},
     };
     for (const auto& [name, value] : lines) out << name << " = " << value << '\n';
@@ -142,12 +155,13 @@ int DayTablesCommand(const Options& options, std::ostream& out) {
     core.UpdateSiderealTime();
     core.BuildDayTables(core.CurrentUT);
     const DayTables& d = core.Day;
-    out << "index,DayMinuteTime,DayLST,DayJupAlt,DayJupAz,DaySunAlt,DaySunAz,DayJupHA,DaySunHA,DayCML,DayIoPhase\n";
+    out << "index,DayMinuteTime,DayLST,DayJupAlt,DayJupAz,DaySunAlt,DaySunAz,DayJupHA,DaySunHA,DayCML,"
+           "DayIoPhase\n";
     for (size_t k = 0; k < static_cast<size_t>(kDayTableSize); ++k) {
-        out << k << ',' << Double(d.DayMinuteTime[k]) << ',' << Single(d.DayLST[k]) << ',' << Double(d.DayJupAlt[k])
-            << ',' << Double(d.DayJupAz[k]) << ',' << Double(d.DaySunAlt[k]) << ',' << Double(d.DaySunAz[k]) << ','
-            << Single(d.DayJupHA[k]) << ',' << Single(d.DaySunHA[k]) << ',' << Single(d.DayCML[k]) << ','
-            << Single(d.DayIoPhase[k]) << '\n';
+        out << k << ',' << Double(d.DayMinuteTime[k]) << ',' << Single(d.DayLST[k]) << ','
+            << Double(d.DayJupAlt[k]) << ',' << Double(d.DayJupAz[k]) << ',' << Double(d.DaySunAlt[k]) << ','
+            << Double(d.DaySunAz[k]) << ',' << Single(d.DayJupHA[k]) << ',' << Single(d.DaySunHA[k]) << ','
+            << Single(d.DayCML[k]) << ',' << Single(d.DayIoPhase[k]) << '\n';
     }
     return 0;
 }
@@ -161,16 +175,18 @@ int Readout(const Options& options, std::ostream& out) {
     core.DetectedTZ = -clock.ClockTimeZoneBias();
     core.SystemClockTZ = core.DetectedTZ;
     core.UpdateClockOffset();
-    core.CurrentUT = options.count("ut") ? RequireInstant(options, "ut", true) : core.GMTFromClock(clock.LocalNow());
+    core.CurrentUT =
+        options.count("ut") ? RequireInstant(options, "ut", true) : core.GMTFromClock(clock.LocalNow());
     core.UpdateSiderealTime();
     core.UpdatePositions();
     const FixedSnapshot none;
     const TimeTexts t = BuildTimeTexts(core, none, core.CurrentUT);
     const InfoTexts i = BuildInfoTexts(core, none);
-    out << "GMT " << t.txtY << '-' << t.txtM << '-' << t.txtD << ' ' << t.txtH << ':' << t.txtN << ':' << t.txtS
-        << "  " << t.Label3 << '\n'
+    out << "GMT " << t.txtY << '-' << t.txtM << '-' << t.txtD << ' ' << t.txtH << ':' << t.txtN << ':'
+        << t.txtS << "  " << t.Label3 << '\n'
         << ObserverLabelText(core) << "\n\n"
-        << "Jupiter  " << i.LbLJupRA << "   " << i.LbLJupDec << "   " << i.LBlCMIII << "   " << i.LbLSGC << '\n'
+        << "Jupiter  " << i.LbLJupRA << "   " << i.LbLJupDec << "   " << i.LBlCMIII << "   " << i.LbLSGC
+        << '\n'
         << "         " << i.LBLJupAlt << "   " << i.LBLJupAz << "   " << i.LBLJupHA << "   " << i.LbLJupRise
         << "   " << i.LbLJupSet << '\n'
         << "Sun      " << i.LbLSunRA << "   " << i.LbLSunDec << '\n'

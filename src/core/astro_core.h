@@ -107,7 +107,7 @@ public:
 private:
     // Intermediate values that outlive a faulting statement, as the fault rule requires.
     struct Carry {
-        double g = 0.0, A = 0.0, D = 0.0;                       // Sun and Jupiter reduction
+        double g = 0.0, A = 0.0, D = 0.0;                        // Sun and Jupiter reduction
         double a = 0.0, be = 0.0, ra = 0.0, de = 0.0, Ang = 0.0; // CML III
         double Psi = 0.0;                                        // Io
     } carry_;

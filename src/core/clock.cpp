@@ -10,7 +10,9 @@
 
 namespace tarvelle {
 
-void Core::UpdateClockOffset() { ClockOffset = ObsTZ - SystemClockTZ; }
+void Core::UpdateClockOffset() {
+    ClockOffset = ObsTZ - SystemClockTZ;
+}
 
 void Core::UpdateDayNumbers() {
     JD0 = std::floor(CurrentUT) + 2415018.5;
@@ -66,9 +68,13 @@ double ArcSin(double x) {
     return std::atan(x / std::sqrt(1.0 - x * x));
 }
 
-double ArcCos(double x) { return 1.570796327 - ArcSin(x); }
+double ArcCos(double x) {
+    return 1.570796327 - ArcSin(x);
+}
 
-double Mod2Pi(double x) { return x - kTwoPi * std::floor(x / kTwoPi); }
+double Mod2Pi(double x) {
+    return x - kTwoPi * std::floor(x / kTwoPi);
+}
 
 // Minutes are rounded by the mask and never carry into the hours: 5.9999 h is 05:60.
 std::string FormatHours(double x) {

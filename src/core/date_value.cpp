@@ -128,7 +128,8 @@ std::optional<double> ParseIsoDateTime(std::string_view text) {
         const std::string r(rest.substr(1));
         int used = 0;
         if ((rest[0] != ' ' && rest[0] != 'T') ||
-            std::sscanf(r.c_str(), "%d:%d:%d%n", &h, &mi, &s, &used) != 3 || static_cast<size_t>(used) != r.size())
+            std::sscanf(r.c_str(), "%d:%d:%d%n", &h, &mi, &s, &used) != 3 ||
+            static_cast<size_t>(used) != r.size())
             return std::nullopt;
     }
     if (mo < 1 || mo > 12 || d < 1 || d > 31 || h < 0 || h > 23 || mi < 0 || mi > 59 || s < 0 || s > 59)

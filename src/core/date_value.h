@@ -25,7 +25,9 @@ double DateSerial(int year, int month, int day);
 double TimeSerial(double hour, double minute, double second);
 
 // Julian date of a date value.
-inline double JulianDate(double dateValue) { return dateValue + 2415018.5; }
+inline double JulianDate(double dateValue) {
+    return dateValue + 2415018.5;
+}
 
 // A date value as a date mask pictures it: yyyy, yy, mm (the minute right after an hour), dd,
 // hh, nn, ss, in either case; every other character stands as it is.

@@ -15,10 +15,14 @@ namespace {
 constexpr double kArcSecPerRad = 206265.0;
 
 // A mean argument given in revolutions, reduced to one turn, in radians.
-double Revolutions(double value) { return (value - std::floor(value)) * kTwoPi; }
+double Revolutions(double value) {
+    return (value - std::floor(value)) * kTwoPi;
+}
 
 // Reduced to 0..360 by dividing by 360, taking away the floor and multiplying by 360.
-double Reduce360(double x) { return (x / 360.0 - std::floor(x / 360.0)) * 360.0; }
+double Reduce360(double x) {
+    return (x / 360.0 - std::floor(x / 360.0)) * 360.0;
+}
 
 // Days from J2000 of the whole-second calendar fields of t; no UT to dynamical time.
 double DaysFromJ2000(double t) {
@@ -55,8 +59,8 @@ void Core::UpdateCMLIII(const double& t) {
     const double Mj = Revolutions(0.056531 + 0.00023080893 * d);
     const double Ma = Revolutions(0.882987 + 9.294371e-05 * d);
 
-    const double sunCorrection =
-        6910.0 * std::sin(Ms) + 72.0 * std::sin(2.0 * Ms) - 17.0 * T1 * std::sin(Ms) - 7.0 * std::cos(Ms - Mj);
+    const double sunCorrection = 6910.0 * std::sin(Ms) + 72.0 * std::sin(2.0 * Ms) -
+                                 17.0 * T1 * std::sin(Ms) - 7.0 * std::cos(Ms - Mj);
     const double Ls2 = Ls + sunCorrection / kArcSecPerRad;
     const double R = 1.00014 - 0.01675 * std::cos(Ms) - 0.00014 * std::cos(2.0 * Ms);
 
@@ -70,7 +74,8 @@ void Core::UpdateCMLIII(const double& t) {
     lonCorrection += 137.0 * std::sin(3.0 * Mj - 5.0 * Ma);
     lonCorrection += -131.0 * std::sin(Mj - 2.0 * Ma);
 
-    const double latitude = -4692.0 * std::cos(Mj) + 227.0 - 227.0 * std::cos(2.0 * Mj) + 30.0 * T1 * std::sin(Mj);
+    const double latitude =
+        -4692.0 * std::cos(Mj) + 227.0 - 227.0 * std::cos(2.0 * Mj) + 30.0 * T1 * std::sin(Mj);
 
     double r = 5.20883;
     r += -0.25122 * std::cos(Mj);
@@ -145,13 +150,14 @@ void Core::UpdateDe() {
     constexpr double kPoleDec = 1.125562834611142; // radians
     const double ra = 15.0 * JupRA * kDegToRad;
     const double de = JupDec * kDegToRad;
-    const double X = -std::sin(kPoleDec) * std::sin(de) - std::cos(de) * std::cos(kPoleDec) * std::cos(kPoleRA - ra);
+    const double X =
+        -std::sin(kPoleDec) * std::sin(de) - std::cos(de) * std::cos(kPoleDec) * std::cos(kPoleRA - ra);
     Keep(De, std::sin(X) * kRadToDeg); // the sine, which within 3.4 degrees is the arcsine
 }
 
 void Core::UpdateMagLat() {
-    Keep(MagLat, kRadToDeg * 0.17453292519943278 *
-                     std::cos((static_cast<double>(CMLIII) - 200.0) * kDegToRad));
+    Keep(MagLat,
+         kRadToDeg * 0.17453292519943278 * std::cos((static_cast<double>(CMLIII) - 200.0) * kDegToRad));
 }
 
 } // namespace tarvelle

@@ -35,7 +35,7 @@ void RiseSetOf(double ra, double dec, float lst0, float latitude, double& rise, 
         return;
     }
     const double a = 2.0 * std::atan(v / (1.0 + std::sqrt(1.0 - v * v) + 1e-20)); // arcsine of v
-    const double h = ((2.0 * std::atan(1.0)) - a) * kRadToDeg / 15.0;           // semi-arc, hours
+    const double h = ((2.0 * std::atan(1.0)) - a) * kRadToDeg / 15.0;             // semi-arc, hours
     rise = A - h;
     while (rise < 0.0) rise += 24.0;
     set = A + h;

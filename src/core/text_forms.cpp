@@ -21,15 +21,19 @@ std::string GeneralText(double x, int significant) {
     return x < 0.0 ? text : " " + text;
 }
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
 
 double ReadDigits(const std::string& s, size_t& i, int base) {
     double value = 0.0;
     while (i < s.size()) {
         const char c = static_cast<char>(std::tolower(static_cast<unsigned char>(s[i])));
         int digit = -1;
-        if (c >= '0' && c <= '9') digit = c - '0';
-        else if (c >= 'a' && c <= 'f') digit = 10 + (c - 'a');
+        if (c >= '0' && c <= '9')
+            digit = c - '0';
+        else if (c >= 'a' && c <= 'f')
+            digit = 10 + (c - 'a');
         if (digit < 0 || digit >= base) break;
         value = value * base + digit;
         ++i;
@@ -104,8 +108,12 @@ std::string RoundedDigits(double a, int decimals) {
 
 } // namespace
 
-std::string StrForm(double x) { return GeneralText(x, 15); }
-std::string StrForm(float x) { return GeneralText(static_cast<double>(x), 7); }
+std::string StrForm(double x) {
+    return GeneralText(x, 15);
+}
+std::string StrForm(float x) {
+    return GeneralText(static_cast<double>(x), 7);
+}
 
 double ValueOfText(std::string_view text) {
     std::string s;
@@ -147,7 +155,8 @@ double ValueOfText(std::string_view text) {
 std::string FormatNumberMask(double x, std::string_view mask) {
     const size_t point = mask.find('.');
     const std::string_view whole = mask.substr(0, point);
-    const std::string_view fraction = point == std::string_view::npos ? std::string_view{} : mask.substr(point + 1);
+    const std::string_view fraction =
+        point == std::string_view::npos ? std::string_view{} : mask.substr(point + 1);
     int wholeZeros = 0;
     for (char c : whole)
         if (c == '0') ++wholeZeros;

@@ -26,7 +26,9 @@ double ParseColonForm(std::string body, size_t first, size_t second) {
     return d + m / 60.0 + ParseNumberComma(rest) / 3600.0;
 }
 
-std::string PlainInteger(double d) { return std::to_string(static_cast<long long>(d)); }
+std::string PlainInteger(double d) {
+    return std::to_string(static_cast<long long>(d));
+}
 
 // Minutes and seconds of an angle's fraction as the observer file writes them; the
 // thresholds and scale factors differ between latitude and longitude.
@@ -67,7 +69,8 @@ bool ReadItem(const std::string& all, size_t& pos, std::string& item) {
         pos = close == std::string::npos ? all.size() : close + 1;
         while (pos < all.size() && (all[pos] == ' ' || all[pos] == '\t')) ++pos;
     } else {
-        while (pos < all.size() && all[pos] != ',' && all[pos] != '\n' && all[pos] != '\r') item += all[pos++];
+        while (pos < all.size() && all[pos] != ',' && all[pos] != '\n' && all[pos] != '\r')
+            item += all[pos++];
         item = Trim(item);
     }
     if (pos < all.size() && all[pos] == ',') {

@@ -28,6 +28,8 @@ bool SystemDesktop::StartProgram(const QString& program, const QStringList& argu
     return QProcess::startDetached(program, arguments);
 }
 
-void SystemDesktop::Beep() { QApplication::beep(); }
+void SystemDesktop::Beep() {
+    QApplication::beep();
+}
 
 } // namespace tarvelle

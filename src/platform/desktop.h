@@ -33,8 +33,14 @@ public:
     QStringList opened, shown, started;
     int beeps = 0;
     bool succeed = true;
-    bool OpenDocument(const QString& p) override { opened << p; return succeed; }
-    bool ShowTextFile(const QString& p) override { shown << p; return succeed; }
+    bool OpenDocument(const QString& p) override {
+        opened << p;
+        return succeed;
+    }
+    bool ShowTextFile(const QString& p) override {
+        shown << p;
+        return succeed;
+    }
     bool StartProgram(const QString& program, const QStringList& args) override {
         started << (program + (args.isEmpty() ? QString() : " " + args.join(' ')));
         return succeed;

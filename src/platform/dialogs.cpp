@@ -11,36 +11,54 @@ namespace {
 
 QMessageBox::StandardButtons ButtonsOf(MsgButtons b) {
     switch (b) {
-    case MsgButtons::OK: return QMessageBox::Ok;
-    case MsgButtons::OKCancel: return QMessageBox::Ok | QMessageBox::Cancel;
-    case MsgButtons::YesNo: return QMessageBox::Yes | QMessageBox::No;
-    case MsgButtons::YesNoCancel: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-    case MsgButtons::RetryCancel: return QMessageBox::Retry | QMessageBox::Cancel;
-    case MsgButtons::AbortRetryIgnore: return QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
+    case MsgButtons::OK:
+        return QMessageBox::Ok;
+    case MsgButtons::OKCancel:
+        return QMessageBox::Ok | QMessageBox::Cancel;
+    case MsgButtons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case MsgButtons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case MsgButtons::RetryCancel:
+        return QMessageBox::Retry | QMessageBox::Cancel;
+    case MsgButtons::AbortRetryIgnore:
+        return QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
     }
     return QMessageBox::Ok;
 }
 
 QMessageBox::Icon IconOf(MsgIcon icon) {
     switch (icon) {
-    case MsgIcon::None: return QMessageBox::NoIcon;
-    case MsgIcon::Critical: return QMessageBox::Critical;
-    case MsgIcon::Question: return QMessageBox::Question;
-    case MsgIcon::Exclamation: return QMessageBox::Warning;
-    case MsgIcon::Information: return QMessageBox::Information;
+    case MsgIcon::None:
+        return QMessageBox::NoIcon;
+    case MsgIcon::Critical:
+        return QMessageBox::Critical;
+    case MsgIcon::Question:
+        return QMessageBox::Question;
+    case MsgIcon::Exclamation:
+        return QMessageBox::Warning;
+    case MsgIcon::Information:
+        return QMessageBox::Information;
     }
     return QMessageBox::NoIcon;
 }
 
 MsgAnswer AnswerOf(int button) {
     switch (button) {
-    case QMessageBox::Ok: return MsgAnswer::OK;
-    case QMessageBox::Yes: return MsgAnswer::Yes;
-    case QMessageBox::No: return MsgAnswer::No;
-    case QMessageBox::Retry: return MsgAnswer::Retry;
-    case QMessageBox::Abort: return MsgAnswer::Abort;
-    case QMessageBox::Ignore: return MsgAnswer::Ignore;
-    default: return MsgAnswer::Cancel;
+    case QMessageBox::Ok:
+        return MsgAnswer::OK;
+    case QMessageBox::Yes:
+        return MsgAnswer::Yes;
+    case QMessageBox::No:
+        return MsgAnswer::No;
+    case QMessageBox::Retry:
+        return MsgAnswer::Retry;
+    case QMessageBox::Abort:
+        return MsgAnswer::Abort;
+    case QMessageBox::Ignore:
+        return MsgAnswer::Ignore;
+    default:
+        return MsgAnswer::Cancel;
     }
 }
 
@@ -64,7 +82,8 @@ std::optional<QString> QtDialogs::Input(const QString& prompt, const QString& ti
 QString QtDialogs::QtFilter(const QString& filter) {
     const QStringList parts = filter.split('|');
     QStringList out;
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) out << parts[i] + " (" + QString(parts[i + 1]).replace(';', ' ') + ")";
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+        out << parts[i] + " (" + QString(parts[i + 1]).replace(';', ' ') + ")";
     return out.join(";;");
 }
 
@@ -83,14 +102,16 @@ QString QtDialogs::ChooseDirectory(const QString& title, const QString& start) {
     return QFileDialog::getExistingDirectory(parent, title, start);
 }
 
-MsgAnswer ScriptedDialogs::Message(const QString& text, const QString& title, MsgButtons buttons, MsgIcon icon) {
+MsgAnswer ScriptedDialogs::Message(const QString& text, const QString& title, MsgButtons buttons,
+                                   MsgIcon icon) {
     messages.push_back({text, title, buttons, icon});
     if (!answers.empty()) {
         const MsgAnswer a = answers.front();
         answers.erase(answers.begin());
         return a;
     }
-    return (buttons == MsgButtons::YesNo || buttons == MsgButtons::YesNoCancel) ? MsgAnswer::Yes : MsgAnswer::OK;
+    return (buttons == MsgButtons::YesNo || buttons == MsgButtons::YesNoCancel) ? MsgAnswer::Yes
+                                                                                : MsgAnswer::OK;
 }
 
 std::optional<QString> ScriptedDialogs::Input(const QString&, const QString&, const QString&) {
@@ -98,9 +119,17 @@ std::optional<QString> ScriptedDialogs::Input(const QString&, const QString&, co
     return inputs[nextInput++];
 }
 
-QString ScriptedDialogs::NextPath() { return paths.isEmpty() ? QString() : paths.takeFirst(); }
-QString ScriptedDialogs::OpenFile(const QString&, const QString&, const QString&) { return NextPath(); }
-QString ScriptedDialogs::SaveFile(const QString&, const QString&, const QString&) { return NextPath(); }
-QString ScriptedDialogs::ChooseDirectory(const QString&, const QString&) { return NextPath(); }
+QString ScriptedDialogs::NextPath() {
+    return paths.isEmpty() ? QString() : paths.takeFirst();
+}
+QString ScriptedDialogs::OpenFile(const QString&, const QString&, const QString&) {
+    return NextPath();
+}
+QString ScriptedDialogs::SaveFile(const QString&, const QString&, const QString&) {
+    return NextPath();
+}
+QString ScriptedDialogs::ChooseDirectory(const QString&, const QString&) {
+    return NextPath();
+}
 
 } // namespace tarvelle

@@ -18,10 +18,11 @@ enum class MsgAnswer { OK, Cancel, Yes, No, Retry, Abort, Ignore };
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
-    virtual MsgAnswer Message(const QString& text, const QString& title = {}, MsgButtons buttons = MsgButtons::OK,
-                              MsgIcon icon = MsgIcon::None) = 0;
+    virtual MsgAnswer Message(const QString& text, const QString& title = {},
+                              MsgButtons buttons = MsgButtons::OK, MsgIcon icon = MsgIcon::None) = 0;
     // The typed text, or nothing when cancelled.
-    virtual std::optional<QString> Input(const QString& prompt, const QString& title, const QString& initial) = 0;
+    virtual std::optional<QString> Input(const QString& prompt, const QString& title,
+                                         const QString& initial) = 0;
     // filter is "Description|*.ext|Other|*.*"; the chosen path, or empty when cancelled.
     virtual QString OpenFile(const QString& title, const QString& filter, const QString& start) = 0;
     virtual QString SaveFile(const QString& title, const QString& filter, const QString& start) = 0;
@@ -33,7 +34,8 @@ class QtDialogs final : public Dialogs {
 public:
     explicit QtDialogs(QWidget* parent = nullptr) : parent_(parent) {}
     MsgAnswer Message(const QString& text, const QString& title, MsgButtons buttons, MsgIcon icon) override;
-    std::optional<QString> Input(const QString& prompt, const QString& title, const QString& initial) override;
+    std::optional<QString> Input(const QString& prompt, const QString& title,
+                                 const QString& initial) override;
     QString OpenFile(const QString& title, const QString& filter, const QString& start) override;
     QString SaveFile(const QString& title, const QString& filter, const QString& start) override;
     QString ChooseDirectory(const QString& title, const QString& start) override;
@@ -54,13 +56,14 @@ public:
         MsgIcon icon;
     };
     std::vector<Shown> messages;
-    std::vector<MsgAnswer> answers;          // taken in order; OK (or Yes) once they run out
+    std::vector<MsgAnswer> answers;             // taken in order; OK (or Yes) once they run out
     std::vector<std::optional<QString>> inputs; // taken in order; cancel once they run out
     size_t nextInput = 0;
-    QStringList paths;                       // file and directory answers in order; "" cancels
+    QStringList paths; // file and directory answers in order; "" cancels
 
     MsgAnswer Message(const QString& text, const QString& title, MsgButtons buttons, MsgIcon icon) override;
-    std::optional<QString> Input(const QString& prompt, const QString& title, const QString& initial) override;
+    std::optional<QString> Input(const QString& prompt, const QString& title,
+                                 const QString& initial) override;
     QString OpenFile(const QString& title, const QString& filter, const QString& start) override;
     QString SaveFile(const QString& title, const QString& filter, const QString& start) override;
     QString ChooseDirectory(const QString& title, const QString& start) override;

@@ -37,9 +37,13 @@ constexpr int kUnitsPerPixel = 15; // window positions are given in units of 1/1
 constexpr int kButtonSize = 40;
 constexpr int kIconSize = 32;
 
-int Px(int units) { return (units + kUnitsPerPixel / 2) / kUnitsPerPixel; }
+int Px(int units) {
+    return (units + kUnitsPerPixel / 2) / kUnitsPerPixel;
+}
 
-QString Q(const std::string& s) { return QString::fromStdString(s); }
+QString Q(const std::string& s) {
+    return QString::fromStdString(s);
+}
 
 QIcon IconFromSvg(const QString& resource) {
     QSvgRenderer renderer(resource);
@@ -204,9 +208,9 @@ QToolButton* Form1::AddPictureButton(QWidget* row, const char* name, const char*
 }
 
 void Form1::BuildButtons(QWidget* row) {
-    QToolButton** targets[] = {&cmdObserver,   &CmdPredict,     &cmdCMLiOPlane,  &cmdSkyMap,
-                             &cmdAltAz,      &cmdEphemeris,   &cmdDsubE,       &cmdVisibility,
-                             &cmdObserverlog, &CmdAutomation, &cmdRunAutomation, &cmdStopAutomation};
+    QToolButton** targets[] = {&cmdObserver,    &CmdPredict,    &cmdCMLiOPlane,    &cmdSkyMap,
+                               &cmdAltAz,       &cmdEphemeris,  &cmdDsubE,         &cmdVisibility,
+                               &cmdObserverlog, &CmdAutomation, &cmdRunAutomation, &cmdStopAutomation};
     for (size_t i = 0; i < std::size(kPictureButtons); ++i)
         *targets[i] = AddPictureButton(row, kPictureButtons[i].name, kPictureButtons[i].tip);
     cmdStopAutomation->hide(); // the automation task is off after start-up
@@ -284,10 +288,11 @@ QWidget* Form1::BuildReadoutPanel() {
     auto* panel = new QWidget(this);
     panel->setObjectName("ReadoutPanel");
     panel->setAttribute(Qt::WA_StyledBackground, true);
-    panel->setStyleSheet("#ReadoutPanel { background: #0e1726; border-radius: 6px; }"
-                         "#ReadoutPanel QLabel { color: #e6eefc; font-family: 'DejaVu Sans Mono', monospace; }"
-                         "#ReadoutPanel QLabel#LBLJupiter { color: #e7b27a; font-weight: bold; }"
-                         "#ReadoutPanel QLabel#LBLSun { color: #ffd54a; font-weight: bold; }");
+    panel->setStyleSheet(
+        "#ReadoutPanel { background: #0e1726; border-radius: 6px; }"
+        "#ReadoutPanel QLabel { color: #e6eefc; font-family: 'DejaVu Sans Mono', monospace; font-size: 11pt; }"
+        "#ReadoutPanel QLabel#LBLJupiter { color: #e7b27a; font-weight: bold; font-size: 12pt; }"
+        "#ReadoutPanel QLabel#LBLSun { color: #ffd54a; font-weight: bold; font-size: 12pt; }");
     auto* grid = new QGridLayout(panel);
     grid->setContentsMargins(14, 10, 14, 10);
     grid->setHorizontalSpacing(28);
@@ -318,10 +323,16 @@ QWidget* Form1::BuildReadoutPanel() {
     LbLSunSet = ReadoutLabel(panel, "LbLSunSet");
 
     // Two columns a body: place on the sky, then the local sky and the day.
-    const QLabel* jupiterCells[][2] = {{LbLJupRA, LBLJupAlt},  {LbLJupDec, LBLJupAz}, {LBlCMIII, LBLJupHA},
-                                       {LbLSGC, LbLJupRise},  {nullptr, LbLJupSet}};
-    const QLabel* sunCells[][2] = {{LbLSunRA, LBLSunAlt}, {LbLSunDec, LBLSunAz}, {nullptr, LBLSunHA},
-                                   {nullptr, LbLSunRise}, {nullptr, LbLSunSet}};
+    const QLabel* jupiterCells[][2] = {{LbLJupRA, LBLJupAlt},
+                                       {LbLJupDec, LBLJupAz},
+                                       {LBlCMIII, LBLJupHA},
+                                       {LbLSGC, LbLJupRise},
+                                       {nullptr, LbLJupSet}};
+    const QLabel* sunCells[][2] = {{LbLSunRA, LBLSunAlt},
+                                   {LbLSunDec, LBLSunAz},
+                                   {nullptr, LBLSunHA},
+                                   {nullptr, LbLSunRise},
+                                   {nullptr, LbLSunSet}};
     for (int r = 0; r < 5; ++r) {
         for (int c = 0; c < 2; ++c) {
             if (jupiterCells[r][c]) grid->addWidget(const_cast<QLabel*>(jupiterCells[r][c]), r + 1, c);
@@ -335,8 +346,8 @@ QWidget* Form1::BuildReadoutPanel() {
 void Form1::PlaceButtons() {
     int left = Px(15);
     const int top = Px(95);
-    for (QToolButton* b : {cmdObserver, CmdPredict, cmdCMLiOPlane, cmdSkyMap, cmdAltAz, cmdEphemeris, cmdDsubE,
-                           cmdVisibility, cmdObserverlog, CmdAutomation, cmdRunAutomation}) {
+    for (QToolButton* b : {cmdObserver, CmdPredict, cmdCMLiOPlane, cmdSkyMap, cmdAltAz, cmdEphemeris,
+                           cmdDsubE, cmdVisibility, cmdObserverlog, CmdAutomation, cmdRunAutomation}) {
         b->move(left, top);
         left += b->width() + Px(15);
     }
@@ -373,10 +384,10 @@ void Form1::Load() {
     LoadProbTable();
     st_.settings.save("Settings", "AppPath", st_.programDir);
     titleText_ = "Tarvelle";
-    versionText_ = std::to_string(TARVELLE_VERSION_MAJOR) + "." + std::to_string(TARVELLE_VERSION_MINOR) + "." +
-                   std::to_string(TARVELLE_VERSION_PATCH);
-    core_.DateFormatChoice =
-        static_cast<int>(RoundHalfEven(PlainNumber(st_.settings.get("Settings", "DFormat", "0").toStdString())));
+    versionText_ = std::to_string(TARVELLE_VERSION_MAJOR) + "." + std::to_string(TARVELLE_VERSION_MINOR) +
+                   "." + std::to_string(TARVELLE_VERSION_PATCH);
+    core_.DateFormatChoice = static_cast<int>(
+        RoundHalfEven(PlainNumber(st_.settings.get("Settings", "DFormat", "0").toStdString())));
 
     st_.modes.ModeFileName = st_.settings.get("Startup", "ModeFileName", st_.programDir + "UFMODES.JMF");
     core_.UseGMT = StoredBool(st_.settings.get("Startup", "UseGMT", "True").toStdString());
@@ -393,7 +404,8 @@ void Form1::Load() {
     LoadObserverFile(core_, st_.dialogs);
 
     const std::string obsTZText = Trim(StrForm(core_.ObsTZ));
-    core_.SystemClockTZ = PlainNumber(st_.settings.get("Startup", "SystemClockTZ", Q(obsTZText)).toStdString());
+    core_.SystemClockTZ =
+        PlainNumber(st_.settings.get("Startup", "SystemClockTZ", Q(obsTZText)).toStdString());
     if (core_.UseDetectedTZ) core_.SystemClockTZ = core_.DetectedTZ;
     core_.UpdateClockOffset();
     st_.ReadClock();
@@ -410,7 +422,8 @@ void Form1::Load() {
     PlaceButtons();
     ArrangeDateBoxes();
     FillObLabel();
-    titleText_ = TitleWithVersion(titleText_, TARVELLE_VERSION_MAJOR, TARVELLE_VERSION_MINOR, TARVELLE_VERSION_PATCH);
+    titleText_ =
+        TitleWithVersion(titleText_, TARVELLE_VERSION_MAJOR, TARVELLE_VERSION_MINOR, TARVELLE_VERSION_PATCH);
 }
 
 void Form1::Timer1Tick() {
@@ -471,9 +484,13 @@ void Form1::DisplayInfo() {
     for (const auto& [label, text] : cells) label->setText(Q(*text));
 }
 
-void Form1::FillObLabel() { LBLOB->setText(Q(ObserverLabelText(core_))); }
+void Form1::FillObLabel() {
+    LBLOB->setText(Q(ObserverLabelText(core_)));
+}
 
-void Form1::DisplayCaption() { setWindowTitle(Q(CaptionText(titleText_, core_.UseGMT))); }
+void Form1::DisplayCaption() {
+    setWindowTitle(Q(CaptionText(titleText_, core_.UseGMT)));
+}
 
 void Form1::closeEvent(QCloseEvent* event) {
     core_.ShuttingDown = true;
@@ -495,7 +512,8 @@ void Form1::resizeEvent(QResizeEvent* event) {
 
 void Form1::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow() && core_.RealTimeMode && !core_.ShuttingDown)
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && core_.RealTimeMode &&
+        !core_.ShuttingDown)
         timer1_->start();
 }
 

@@ -91,7 +91,8 @@ private:
 
 public:
     // Controls, named as their objectNames.
-    QLineEdit *txtY = nullptr, *txtM = nullptr, *txtD = nullptr, *txtH = nullptr, *txtN = nullptr, *txtS = nullptr;
+    QLineEdit *txtY = nullptr, *txtM = nullptr, *txtD = nullptr, *txtH = nullptr, *txtN = nullptr,
+              *txtS = nullptr;
     QLabel *Label3 = nullptr, *LBLOB = nullptr, *LBLQ = nullptr, *LBLDate = nullptr, *LBLDateFormat = nullptr;
     QLabel *LbLJupRA = nullptr, *LbLJupDec = nullptr, *LBlCMIII = nullptr, *LbLSGC = nullptr;
     QLabel *LBLJupAlt = nullptr, *LBLJupAz = nullptr, *LbLJupRise = nullptr, *LbLJupSet = nullptr;
@@ -101,7 +102,7 @@ public:
     QToolButton *cmdObserver = nullptr, *CmdPredict = nullptr, *cmdCMLiOPlane = nullptr, *cmdSkyMap = nullptr;
     QToolButton *cmdAltAz = nullptr, *cmdEphemeris = nullptr, *cmdDsubE = nullptr, *cmdVisibility = nullptr;
     QToolButton *cmdObserverlog = nullptr, *CmdAutomation = nullptr, *cmdRunAutomation = nullptr;
-    QToolButton *cmdStopAutomation = nullptr;
+    QToolButton* cmdStopAutomation = nullptr;
     QAction *MnuRealTime = nullptr, *MnuUseGMT = nullptr, *MnuFileExit = nullptr;
 };
 

@@ -15,7 +15,8 @@ QString Matching(const QStringList& names, const QString& wanted) {
 } // namespace
 
 SettingsStore::SettingsStore()
-    : settings_(std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, "Tarvelle", "Tarvelle")) {}
+    : settings_(
+          std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, "Tarvelle", "Tarvelle")) {}
 
 SettingsStore::SettingsStore(const QString& iniPath)
     : settings_(std::make_unique<QSettings>(iniPath, QSettings::IniFormat)) {}
@@ -47,6 +48,8 @@ void SettingsStore::save(const QString& section, const QString& key, const QStri
     settings_->sync();
 }
 
-QString SettingsStore::fileName() const { return settings_->fileName(); }
+QString SettingsStore::fileName() const {
+    return settings_->fileName();
+}
 
 } // namespace tarvelle

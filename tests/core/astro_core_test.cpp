@@ -22,10 +22,14 @@ Core AtInstant(double ut, float latitude = 0.0f, float longitudeWest = 0.0f) {
     return c;
 }
 
-double Noon2000() { return DateSerial(2000, 1, 1) + 0.5; }
+double Noon2000() {
+    return DateSerial(2000, 1, 1) + 0.5;
+}
 
 // Difference of two angles in degrees, folded into -180..180.
-double AngleDiff(double a, double b) { return std::remainder(a - b, 360.0); }
+double AngleDiff(double a, double b) {
+    return std::remainder(a - b, 360.0);
+}
 
 } // namespace
 
@@ -67,7 +71,8 @@ TEST(Clock, WestLongitudeLowersSiderealTimeWithoutReductionFromAbove) {
     greenwich.UpdateSiderealTime();
     west.UpdateSiderealTime();
     // 359 degrees west is one degree east: four minutes of sidereal time more, after the +24.
-    EXPECT_NEAR(std::fmod(static_cast<double>(west.LST - greenwich.LST) + 24.0, 24.0), 24.0 - 359.0 / 15.0, 1e-5);
+    EXPECT_NEAR(std::fmod(static_cast<double>(west.LST - greenwich.LST) + 24.0, 24.0), 24.0 - 359.0 / 15.0,
+                1e-5);
     EXPECT_GE(west.LST, 0.0f);
     EXPECT_LT(west.LST, 24.0f);
 }

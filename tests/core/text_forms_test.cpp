@@ -17,8 +17,8 @@ TEST(NumberMask, RoundsExactHalvesAwayFromZero) {
     // 2.675 is really 2.67499999... in binary: not a half, so it rounds down.
     EXPECT_EQ(FormatNumberMask(2.675, "0.00"), "2.67");
     // Decimal fractions that sit a hair off a half in binary go the way of their exact value.
-    EXPECT_EQ(FormatNumberMask(0.05, "0.0"), "0.1");   // 0.05000000000000000277
-    EXPECT_EQ(FormatNumberMask(0.15, "0.0"), "0.1");   // 0.14999999999999999445
+    EXPECT_EQ(FormatNumberMask(0.05, "0.0"), "0.1");    // 0.05000000000000000277
+    EXPECT_EQ(FormatNumberMask(0.15, "0.0"), "0.1");    // 0.14999999999999999445
     EXPECT_EQ(FormatNumberMask(1.005, "0.00"), "1.00"); // 1.00499999999999989342
     EXPECT_EQ(FormatNumberMask(-0.35, "0.0"), "-0.3");  // -0.34999999999999997780
     EXPECT_EQ(FormatNumberMask(1e17, "0.0"), "100000000000000000.0");
@@ -54,7 +54,7 @@ TEST(StrForm, LeadingBlankForNonNegative) {
 }
 
 TEST(StrForm, SingleShowsSevenSignificantDigits) {
-    EXPECT_EQ(StrForm(123.45f), " 123.45");  // not 123.449997
+    EXPECT_EQ(StrForm(123.45f), " 123.45"); // not 123.449997
     EXPECT_EQ(StrForm(360.0f), " 360");
     EXPECT_EQ(StrForm(0.01f), " 0.01");
     EXPECT_EQ(StrForm(-1.0f / 3.0f), "-0.3333333");

@@ -13,8 +13,12 @@ using namespace tarvelle;
 
 namespace {
 
-double Lat(std::string s) { return ParseLatitude(s); }
-double Lng(std::string s) { return ParseLongitude(s); }
+double Lat(std::string s) {
+    return ParseLatitude(s);
+}
+double Lng(std::string s) {
+    return ParseLongitude(s);
+}
 
 std::string WriteFile(const QTemporaryDir& dir, const char* name, const std::string& content) {
     const std::string path = dir.filePath(name).toStdString();
@@ -77,7 +81,8 @@ TEST(FormatLongitudeText, WrapsAt360) {
 TEST(ObserverFile, ReadsQuotedOrPlainItems) {
     QTemporaryDir dir;
     int error = -1;
-    auto quoted = ReadObserverFile(WriteFile(dir, "a.obs", "\"39:15:00.0\"\r\n\"76:30:00.0\"\r\n\"-5\"\r\n"), error);
+    auto quoted =
+        ReadObserverFile(WriteFile(dir, "a.obs", "\"39:15:00.0\"\r\n\"76:30:00.0\"\r\n\"-5\"\r\n"), error);
     ASSERT_TRUE(quoted);
     EXPECT_EQ(error, 0);
     EXPECT_EQ(quoted->latitudeText, "39:15:00.0");
@@ -117,7 +122,8 @@ TEST(LoadObserverFile, SetsTheCoreOrSaysWhyNot) {
     EXPECT_FALSE(LoadObserverFile(core, dialogs));
     ASSERT_EQ(dialogs.messages.size(), 1u);
     EXPECT_EQ(dialogs.messages[0].title, "FILE ERROR!");
-    EXPECT_EQ(dialogs.messages[0].text, "Error 53\n Occurred Loading " + QString::fromStdString(core.ObFileName));
+    EXPECT_EQ(dialogs.messages[0].text,
+              "Error 53\n Occurred Loading " + QString::fromStdString(core.ObFileName));
     EXPECT_EQ(dialogs.messages[0].icon, MsgIcon::Exclamation);
     EXPECT_EQ(core.ObsTZ, 10.0); // the values are kept
 }

@@ -211,12 +211,13 @@ TEST_F(Form1Test, MenusAndButtonsCarryTheirNamesCaptionsAndTips) {
     EXPECT_TRUE(action("MnuFileExit")->isEnabled());
     EXPECT_EQ(action("MnuCMIOPlaneMap")->text(), "&CM Io Plane Map");
     EXPECT_EQ(action("mnuOnLineHelp")->text(), "&Quillmere");
-    for (const char* name : {"MnuWindowPredict", "MnuWindowEphemeris", "MnuWindowCMIOPlane", "MnuWindowSkyMap",
-                             "MnuWindowAltazDisplay"}) {
+    for (const char* name : {"MnuWindowPredict", "MnuWindowEphemeris", "MnuWindowCMIOPlane",
+                             "MnuWindowSkyMap", "MnuWindowAltazDisplay"}) {
         ASSERT_NE(action(name), nullptr) << name;
         EXPECT_FALSE(action(name)->isEnabled()) << name;
     }
-    EXPECT_EQ(f.findChild<QToolButton*>("cmdDsubE")->toolTip(), "Plots the Jovicentric declination of the Earth.");
+    EXPECT_EQ(f.findChild<QToolButton*>("cmdDsubE")->toolTip(),
+              "Plots the Jovicentric declination of the Earth.");
     EXPECT_FALSE(f.findChild<QToolButton*>("cmdObserver")->icon().isNull());
     EXPECT_EQ(f.findChild<QPushButton*>("cmdReal")->text(), "Using Real Time");
     EXPECT_TRUE(f.cmdUpdateTime->isHidden());
