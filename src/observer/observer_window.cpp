@@ -1,0 +1,1 @@
+#include "observer_window.h"

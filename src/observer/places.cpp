@@ -1,0 +1,3 @@
+#include "places.h"
+
+namespace tarvelle {} // namespace tarvelle

@@ -1,0 +1,3 @@
+#include "time_zones_window.h"
+
+namespace tarvelle {} // namespace tarvelle

@@ -1,0 +1,1 @@
+#include "about_window.h"

@@ -1,0 +1,1 @@
+#include "dir_list_window.h"

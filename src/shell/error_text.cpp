@@ -1,0 +1,3 @@
+#include "error_text.h"
+
+namespace tarvelle {} // namespace tarvelle

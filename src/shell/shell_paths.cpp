@@ -1,0 +1,3 @@
+#include "shell_paths.h"
+
+namespace tarvelle {} // namespace tarvelle
