@@ -50,6 +50,7 @@ struct Station {
     Dialogs& dialogs;
     Desktop& desktop;
     QString programDir; // with a trailing separator
+    QString SelectedDir; // the folder the directory chooser starts from and gives back
 
     // Reads the computer's clock into CurrentUT, in GMT.
     void ReadClock() { core.CurrentUT = core.GMTFromClock(clock.LocalNow()); }
