@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cmath>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -156,6 +157,48 @@ std::optional<ObserverFileContents> ReadObserverFile(const std::string& path, in
     }
     errorNumber = 0;
     return contents;
+}
+
+bool WriteObserverFile(const std::string& path, const ObserverFileContents& contents, std::string& failure) {
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    if (!out) {
+        failure = "Path/File access error: " + path + " (" + std::strerror(errno) + ")";
+        return false;
+    }
+    for (const std::string* item : {&contents.latitudeText, &contents.longitudeText, &contents.timeZoneText})
+        out << '"' << *item << "\"\r\n";
+    out.flush();
+    if (!out) {
+        failure = "Device I/O error: " + path;
+        return false;
+    }
+    return true;
+}
+
+ObserverInput CheckObserverInput(std::string latText, std::string lngText, const std::string& tzText,
+                                 const std::string& systemClockText, const std::string& displayWest) {
+    ObserverInput in;
+    in.latitude = ParseLatitude(latText);
+    if (in.latitude == kRejected) {
+        in.status = ObserverInput::Status::BadLatitude;
+        return in;
+    }
+    in.longitudeWest = ParseLongitude(lngText);
+    if (in.longitudeWest == kRejected) {
+        in.status = ObserverInput::Status::BadLongitude;
+        return in;
+    }
+    if (displayWest == "E") in.longitudeWest = 360.0 - in.longitudeWest;
+    auto zone = [](const std::string& text) { return PlainNumber(text, kNaN); };
+    in.timeZone = zone(tzText);
+    if (!(in.timeZone >= -24.0 && in.timeZone <= 24.0)) {
+        in.status = ObserverInput::Status::BadTimeZone;
+        return in;
+    }
+    in.systemClockZone = zone(systemClockText);
+    if (!(in.systemClockZone >= -24.0 && in.systemClockZone <= 24.0))
+        in.status = ObserverInput::Status::BadSystemClockZone;
+    return in;
 }
 
 } // namespace tarvelle

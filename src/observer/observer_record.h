@@ -31,4 +31,24 @@ struct ObserverFileContents {
 // is set (53 file not found, 62 input past end of file, 75 access error, 76 path not found).
 std::optional<ObserverFileContents> ReadObserverFile(const std::string& path, int& errorNumber);
 
+// Writes the three quoted lines, each ended by CR LF, replacing the file. False with a
+// description of the failure when it cannot be written.
+bool WriteObserverFile(const std::string& path, const ObserverFileContents& contents, std::string& failure);
+
+// The values typed into the observer window, checked as applying them requires.
+struct ObserverInput {
+    enum class Status { Ok, BadLatitude, BadLongitude, BadTimeZone, BadSystemClockZone } status = Status::Ok;
+    double latitude = 0.0;      // degrees north
+    double longitudeWest = 0.0; // degrees west, whichever way the box showed it
+    double timeZone = 0.0;
+    double systemClockZone = 0.0;
+};
+// An east box ("E") holds 360 minus the west longitude. Zones must lie within -24..24.
+ObserverInput CheckObserverInput(std::string latText, std::string lngText, const std::string& tzText,
+                                 const std::string& systemClockText, const std::string& displayWest);
+
+inline constexpr const char* kTimeZoneErrorText = "You entered an invalid value for Time Zone. Please re-enter.";
+inline constexpr const char* kSystemClockZoneErrorText =
+    "You entered an invalid value for the System Clock Time Zone. Please re-enter.";
+
 } // namespace tarvelle

@@ -1,1 +1,390 @@
 #include "observer_window.h"
+
+#include "numeric.h"
+#include "observer_file.h"
+#include "observer_record.h"
+#include "places.h"
+#include "text_forms.h"
+#include "time_zones_window.h"
+
+#include <QCheckBox>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <QPixmap>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tarvelle {
+
+namespace {
+
+QString Q(const std::string& s) { return QString::fromStdString(s); }
+
+// A zone as the boxes show it: plain decimal text, no leading blank.
+std::string ZoneText(double hours) { return Trim(StrForm(hours)); }
+
+constexpr const char* kObserverFilter = "Observer File|*.obs|Any|*.*";
+
+} // namespace
+
+FormObserver::FormObserver(Station& station, std::function<void()> closeForms, QWidget* parent)
+    : QDialog(parent), st_(station), core_(station.core), closeForms_(std::move(closeForms)) {
+    setObjectName("FormObserver");
+    setWindowTitle("Observer Parameters");
+    BuildControls();
+    // Load: the values at opening, as the boxes will show them.
+    openLatText_ = FormatLatitudeText(core_.ObsLatitude);
+    openLngText_ = FormatLongitudeText(core_.DisplayWest == "W" ? static_cast<double>(core_.ObsLongitude)
+                                                                : 360.0 - static_cast<double>(core_.ObsLongitude));
+    openObsTZ_ = core_.ObsTZ;
+    openSystemClockTZ_ = core_.SystemClockTZ;
+    openUseDetectedTZ_ = core_.UseDetectedTZ;
+    ShowValues();
+}
+
+void FormObserver::BuildControls() {
+    auto box = [this](const char* name, const char* tip) {
+        auto* edit = new QLineEdit(this);
+        edit->setObjectName(name);
+        edit->setToolTip(QString::fromUtf8(tip));
+        connect(edit, &QLineEdit::textChanged, this, &FormObserver::BoxChanged);
+        return edit;
+    };
+    auto button = [this](const char* name, const char* caption) {
+        auto* b = new QPushButton(QString::fromUtf8(caption), this);
+        b->setObjectName(name);
+        b->setAutoDefault(false);
+        return b;
+    };
+    auto label = [this](const char* name, const char* text) {
+        auto* l = new QLabel(QString::fromUtf8(text), this);
+        l->setObjectName(name);
+        return l;
+    };
+
+    Picture1 = label("Picture1", "");
+    Picture1->setPixmap(QPixmap(":/pictures/worldmap.png"));
+    Picture1->setFixedSize(640, 320);
+    Picture1->setMouseTracking(true);
+    Picture1->setCursor(Qt::CrossCursor);
+    Picture1->setToolTip("Move the mouse over the map to read a place; press the right button to take it.");
+    Picture1->installEventFilter(this);
+
+    Txtlat = box("Txtlat", "The latitude of the Observer.");
+    TxtLng = box("TxtLng", "This is the West Longitude of the Observer.");
+    TxtTZ = box("TxtTZ", "This is the time zone for the selected observer location. Usually this will be the same "
+                         "as the system clock time zone.");
+    txtSCTZ = box("txtSCTZ", "This is the time zone that your computer system clock uses.  ");
+    chkDetectTZ = new QCheckBox("Detect SystemTime Zone ", this);
+    chkDetectTZ->setObjectName("chkDetectTZ");
+    ChkMakeDefault = new QCheckBox("&Keep As Default", this);
+    ChkMakeDefault->setObjectName("ChkMakeDefault");
+    cmdEW = button("cmdEW", "W");
+    cmdEW->setFixedWidth(32);
+    CmdLoad = button("CmdLoad", "&Load");
+    CmdSave = button("CmdSave", "&Save");
+    CmdApply = button("CmdApply", "&Apply");
+    CmdOK = button("CmdOK", "&OK");
+    CmdCancel = button("CmdCancel", "&Cancel");
+    CmdCities = button("CmdCities", "Cities");
+    CmdTZ = button("CmdTZ", "Time Zone");
+    LBLObFileName = label("LBLObFileName", "Observer file name");
+    LBLLatLng = label("LBLLatLng", "Lat/Lng");
+    LBLRegions = label("LBLRegions", "Select Region");
+    LBLCities = label("LBLCities", "Select City");
+    ListRegions = new QListWidget(this);
+    ListRegions->setObjectName("ListRegions");
+    ListCities = new QListWidget(this);
+    ListCities->setObjectName("ListCities");
+    HideLists();
+
+    auto* boxes = new QGridLayout;
+    const std::pair<const char*, QLineEdit*> rows[] = {{"Latitude:", Txtlat},
+                                                        {"Longitude:", TxtLng},
+                                                        {"Time Zone:", TxtTZ},
+                                                        {"System Clock Time Zone:", txtSCTZ}};
+    int row = 0;
+    for (const auto& [caption, edit] : rows) {
+        boxes->addWidget(new QLabel(caption, this), row, 0);
+        boxes->addWidget(edit, row, 1);
+        ++row;
+    }
+    boxes->addWidget(cmdEW, 1, 2);
+    boxes->addWidget(CmdTZ, 2, 2);
+    boxes->addWidget(chkDetectTZ, 4, 1, 1, 2);
+    boxes->addWidget(ChkMakeDefault, 5, 1, 1, 2);
+
+    auto* commands = new QVBoxLayout;
+    for (QPushButton* b : {CmdCities, CmdLoad, CmdSave, CmdApply, CmdOK, CmdCancel}) commands->addWidget(b);
+    commands->addStretch(1);
+
+    auto* lists = new QGridLayout;
+    lists->addWidget(LBLRegions, 0, 0);
+    lists->addWidget(ListRegions, 1, 0);
+    lists->addWidget(LBLCities, 0, 1);
+    lists->addWidget(ListCities, 1, 1);
+
+    auto* lower = new QHBoxLayout;
+    lower->addLayout(boxes);
+    lower->addLayout(lists, 1);
+    lower->addLayout(commands);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(Picture1, 0, Qt::AlignHCenter);
+    auto* status = new QHBoxLayout;
+    status->addWidget(LBLLatLng);
+    status->addStretch(1);
+    status->addWidget(LBLObFileName);
+    layout->addLayout(status);
+    layout->addLayout(lower);
+
+    connect(CmdApply, &QPushButton::clicked, this, [this] {
+        bool done = false;
+        UpdateValues(done);
+    });
+    connect(CmdOK, &QPushButton::clicked, this, [this] {
+        bool done = false;
+        UpdateValues(done);
+        if (done) accept();
+    });
+    connect(CmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(cmdEW, &QPushButton::clicked, this, &FormObserver::cmdEWClick);
+    connect(CmdLoad, &QPushButton::clicked, this, &FormObserver::CmdLoadClick);
+    connect(CmdSave, &QPushButton::clicked, this, &FormObserver::CmdSaveClick);
+    connect(CmdCities, &QPushButton::clicked, this, &FormObserver::CmdCitiesClick);
+    connect(CmdTZ, &QPushButton::clicked, this, &FormObserver::CmdTZClick);
+    connect(ListRegions, &QListWidget::itemClicked, this,
+            [this](QListWidgetItem* item) { ListRegionsClick(item->text()); });
+    connect(ListCities, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) { ListCitiesClick(item->text()); });
+    connect(chkDetectTZ, &QCheckBox::toggled, this, [this](bool checked) {
+        if (!checked || showing_) return;
+        const std::string detected = ZoneText(-st_.clock.ClockTimeZoneBias());
+        TxtTZ->setText(Q(detected));
+        txtSCTZ->setText(Q(detected));
+    });
+}
+
+void FormObserver::BoxChanged() {
+    if (!showing_) edited_ = true;
+}
+
+void FormObserver::SetBoxQuietly(QLineEdit* box, const std::string& text) {
+    const bool was = showing_;
+    showing_ = true;
+    box->setText(Q(text));
+    showing_ = was;
+}
+
+void FormObserver::ShowValues() {
+    showing_ = true;
+    cmdEW->setText(Q(core_.DisplayWest));
+    chkDetectTZ->setChecked(core_.UseDetectedTZ);
+    LBLObFileName->setText("Observer File: " + Q(core_.ObFileName));
+    core_.ObLatText = FormatLatitudeText(core_.ObsLatitude);
+    Txtlat->setText(Q(core_.ObLatText));
+    DisplayLongitude();
+    TxtTZ->setText(Q(ZoneText(core_.ObsTZ)));
+    txtSCTZ->setText(Q(ZoneText(core_.SystemClockTZ)));
+    showing_ = false;
+    edited_ = false;
+}
+
+void FormObserver::DisplayLongitude() {
+    const double west = core_.ObsLongitude;
+    core_.ObLngText = FormatLongitudeText(core_.DisplayWest == "W" ? west : 360.0 - west);
+    SetBoxQuietly(TxtLng, core_.ObLngText);
+}
+
+void FormObserver::UpdateValues(bool& done) {
+    done = false;
+    const std::string lat = Txtlat->text().toStdString(), lng = TxtLng->text().toStdString();
+    const double tzBox = ValueOfText(TxtTZ->text().toStdString());
+    const double sctzBox = ValueOfText(txtSCTZ->text().toStdString());
+    if (tzBox == core_.ObsTZ && sctzBox == openSystemClockTZ_ && lat == openLatText_ && lng == openLngText_ &&
+        !eastWestChanged_)
+        edited_ = false;
+    const bool changed = tzBox != core_.ObsTZ || sctzBox != core_.SystemClockTZ || edited_ || lat != openLatText_ ||
+                         lng != openLngText_;
+    if (!changed) {
+        if (ChkMakeDefault->isChecked()) SaveAsDefault();
+        done = true;
+        ShowValues();
+        return;
+    }
+    const MsgAnswer answer = st_.dialogs.Message("If you want to keep these parameters\n"
+                                                 "then todays predictions will be \n"
+                                                 "recalculated.  Select OK to continue\n"
+                                                 "or Cancel to restore last settings.",
+                                                 "Update Parameters Message", MsgButtons::OKCancel);
+    if (answer != MsgAnswer::OK) {
+        st_.dialogs.Message("Previous values restored", "Observer Parameters.");
+        ShowValues();
+        done = true;
+        return;
+    }
+    core_.UseDetectedTZ = chkDetectTZ->isChecked();
+    const ObserverInput in = CheckObserverInput(lat, lng, TxtTZ->text().toStdString(),
+                                                txtSCTZ->text().toStdString(), core_.DisplayWest);
+    using Status = ObserverInput::Status;
+    if (in.status == Status::BadLatitude || in.status == Status::BadLongitude) return; // no message here
+    if (in.status == Status::BadTimeZone) {
+        st_.dialogs.Message(kTimeZoneErrorText, "Time Zone Error");
+        return;
+    }
+    if (in.status == Status::BadSystemClockZone) {
+        st_.dialogs.Message(kSystemClockZoneErrorText, "Time Zone Error");
+        return;
+    }
+    core_.ObsLongitude = static_cast<float>(in.longitudeWest);
+    core_.ObsLatitude = static_cast<float>(in.latitude);
+    core_.ObsTZ = in.timeZone;
+    core_.SystemClockTZ = in.systemClockZone;
+    core_.UpdateClockOffset();
+    if (ChkMakeDefault->isChecked()) SaveAsDefault();
+    openLatText_ = lat;
+    openLngText_ = lng;
+    openObsTZ_ = core_.ObsTZ;
+    openSystemClockTZ_ = core_.SystemClockTZ;
+    openUseDetectedTZ_ = core_.UseDetectedTZ;
+    edited_ = false;
+    done = true;
+    if (core_.RealTimeMode) {
+        st_.ReadClock();
+        core_.BuildDayTables(core_.CurrentUT);
+    } else {
+        core_.BuildDayTables(st_.fixed.FixedUT);
+    }
+    if (closeForms_) closeForms_();
+    ShowValues();
+}
+
+void FormObserver::SaveAsDefault() {
+    st_.settings.save("Startup", "ObFileName", Q(core_.ObFileName));
+    st_.settings.save("Startup", "SystemClockTZ", txtSCTZ->text());
+    st_.settings.save("Startup", "DisplayWest", Q(core_.DisplayWest));
+    st_.settings.save("Startup", "UseDetectedTZ", core_.UseDetectedTZ ? "True" : "False");
+}
+
+void FormObserver::SaveoB() {
+    std::string lngText = TxtLng->text().toStdString();
+    double longitude = ParseLongitude(lngText);
+    if (longitude == kRejected)
+        st_.dialogs.Message("An error occured while trying to save the Longitde.", "Save Error", MsgButtons::OK,
+                            MsgIcon::Exclamation);
+    if (core_.DisplayWest == "E") longitude = 360.0 - longitude;
+    const ObserverFileContents contents{Txtlat->text().toStdString(), FormatLongitudeText(longitude),
+                                        TxtTZ->text().toStdString()};
+    std::string failure;
+    if (!WriteObserverFile(core_.ObFileName, contents, failure))
+        st_.dialogs.Message("An error occured while trying to save the observer file.\n" + Q(failure), "Save Error",
+                            MsgButtons::OK, MsgIcon::Exclamation);
+}
+
+void FormObserver::cmdEWClick() {
+    core_.DisplayWest = core_.DisplayWest == "W" ? "E" : "W";
+    cmdEW->setText(Q(core_.DisplayWest));
+    DisplayLongitude();
+    eastWestChanged_ = true;
+}
+
+void FormObserver::CmdLoadClick() {
+    const QString start = QFileInfo(Q(core_.ObFileName)).absolutePath();
+    const QString path = st_.dialogs.OpenFile("Load Observer File", kObserverFilter, start);
+    if (path.isEmpty()) return;
+    core_.ObFileName = path.toStdString();
+    LoadObserverFile(core_, st_.dialogs);
+    ShowValues();
+    edited_ = true; // so that applying asks for the loaded record
+}
+
+void FormObserver::CmdSaveClick() {
+    bool done = false;
+    UpdateValues(done);
+    const QString start = QFileInfo(Q(core_.ObFileName)).absolutePath();
+    const QString path = st_.dialogs.SaveFile("Save Observer File", kObserverFilter, start);
+    if (path.isEmpty()) return;
+    core_.ObFileName = path.toStdString();
+    SaveoB();
+    if (ChkMakeDefault->isChecked()) st_.settings.save("Startup", "SystemClockTZ", txtSCTZ->text());
+    LBLObFileName->setText("Observer File: " + path);
+}
+
+std::string FormObserver::LatlngPath() const { return (st_.programDir + "latlng.txt").toStdString(); }
+
+void FormObserver::HideLists() {
+    for (QWidget* w : {static_cast<QWidget*>(ListRegions), static_cast<QWidget*>(ListCities),
+                       static_cast<QWidget*>(LBLRegions), static_cast<QWidget*>(LBLCities)})
+        w->hide();
+    ListRegions->clear();
+    ListCities->clear();
+}
+
+void FormObserver::CmdCitiesClick() {
+    ListRegions->clear();
+    for (const std::string& region : ReadRegions(LatlngPath())) ListRegions->addItem(Q(region));
+    ListRegions->show();
+    LBLRegions->show();
+}
+
+void FormObserver::ListRegionsClick(const QString& region) {
+    ListCities->clear();
+    const std::vector<std::string> cities = ReadCities(LatlngPath(), region.toStdString());
+    if (cities.empty()) ListCities->addItem("<CANCEL>");
+    for (const std::string& city : cities) ListCities->addItem(Q(city));
+    ListCities->show();
+    LBLCities->show();
+}
+
+void FormObserver::ListCitiesClick(const QString& city) {
+    if (city != "<CANCEL>") {
+        if (const auto place = FindCity(LatlngPath(), city.toStdString())) {
+            Txtlat->setText(Q(FormatLatitudeText(place->latitude)));
+            TxtLng->setText(Q(FormatLongitudeText(core_.DisplayWest == "W" ? place->longitudeWest
+                                                                             : 360.0 - place->longitudeWest)));
+        }
+    }
+    HideLists();
+}
+
+void FormObserver::CmdTZClick() {
+    FormTimeZones zones(this);
+    zones.exec();
+    if (zones.SelectedTZ() < 99) TxtTZ->setText(QString::number(zones.SelectedTZ()));
+}
+
+void FormObserver::MapMouseMove(int x, int y) {
+    const auto place = MapLatLng(x, y);
+    if (!place) return;
+    mapLatitude_ = place->latitude;
+    mapLongitudeWest_ = place->longitudeWest;
+    const bool west = core_.DisplayWest == "W";
+    LBLLatLng->setText("Lat: " + Q(FormatLatitudeText(mapLatitude_)) + "   Lng:" +
+                       Q(FormatLongitudeText(west ? mapLongitudeWest_ : 360.0 - mapLongitudeWest_)) +
+                       (west ? " W" : " E"));
+}
+
+void FormObserver::MapRightButton() {
+    const bool west = core_.DisplayWest == "W";
+    Txtlat->setText(Q(FormatLatitudeText(mapLatitude_)));
+    TxtLng->setText(Q(FormatLongitudeText(west ? mapLongitudeWest_ : 360.0 - mapLongitudeWest_)));
+}
+
+bool FormObserver::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == Picture1) {
+        if (event->type() == QEvent::MouseMove) {
+            const QPoint p = static_cast<QMouseEvent*>(event)->position().toPoint();
+            MapMouseMove(p.x(), p.y());
+        } else if (event->type() == QEvent::MouseButtonPress &&
+                   static_cast<QMouseEvent*>(event)->button() == Qt::RightButton) {
+            MapRightButton();
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+} // namespace tarvelle

@@ -1,10 +1,16 @@
 #include "main_window.h"
 
+#include "about_window.h"
+#include "calendar_window.h"
+#include "date_format_window.h"
 #include "date_value.h"
+#include "help_commands.h"
 #include "numeric.h"
 #include "observer_file.h"
+#include "observer_window.h"
 #include "readout.h"
 #include "text_forms.h"
+#include "time_entry.h"
 
 #include <QAction>
 #include <QApplication>
@@ -15,6 +21,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPainter>
+#include <QPointer>
 #include <QPushButton>
 #include <QSvgRenderer>
 #include <QTimer>
@@ -122,6 +129,7 @@ Form1::Form1(Station& station, QWidget* parent) : QMainWindow(parent), st_(stati
     setCentralWidget(central);
     PlaceButtons();
     ArrangeDateBoxes();
+    ConnectCommands();
 }
 
 Form1::~Form1() = default;
@@ -154,8 +162,8 @@ void Form1::BuildMenus() {
     });
 
     QMenu* options = menu("MnuOptions", "&Options");
-    AddAction(options, "mnuDateFormat", "&Date Format");
-    AddAction(options, "mnuObserver", "&Observer");
+    mnuDateFormat = AddAction(options, "mnuDateFormat", "&Date Format");
+    mnuObserver = AddAction(options, "mnuObserver", "&Observer");
 
     QMenu* display = menu("MnuDisplay", "&Display");
     MnuRealTime = AddAction(display, "MnuRealTime", "&RealTime", true);
@@ -177,7 +185,7 @@ void Form1::BuildMenus() {
     AddAction(automation, "MnuRunScript", "&RunScript");
     AddAction(automation, "mnuStepThroughScript", "&Step Through Script");
     AddAction(automation, "MnuLoadEditScript", "&Load/Edit Script");
-    AddAction(tools, "mnuCalendar", "&Calendar");
+    mnuCalendar = AddAction(tools, "mnuCalendar", "&Calendar");
     AddAction(tools, "mnuObserverLog", "&Observer Log");
     AddAction(tools, "mnuJIS", "&Jupiter Information Server");
     AddAction(tools, "mnuAltAzTable", "&Alt Az Table");
@@ -190,9 +198,9 @@ void Form1::BuildMenus() {
     AddAction(window, "MnuWindowAltazDisplay", "&Alt/Az Display");
 
     QMenu* help = menu("MnuHelp", "&Help");
-    AddAction(help, "mnuHTMLHelp", "&HTML Help");
-    AddAction(help, "mnuOnLineHelp", "&Quillmere");
-    AddAction(help, "mnuAbout", "&About");
+    mnuHTMLHelp = AddAction(help, "mnuHTMLHelp", "&HTML Help");
+    mnuOnLineHelp = AddAction(help, "mnuOnLineHelp", "&Quillmere");
+    mnuAbout = AddAction(help, "mnuAbout", "&About");
 }
 
 QToolButton* Form1::AddPictureButton(QWidget* row, const char* name, const char* tip) {
@@ -269,8 +277,6 @@ QWidget* Form1::BuildTimePanel() {
     cmdCal = new QPushButton("cal", panel);
     cmdCal->setObjectName("cmdCal");
     cmdCal->setToolTip("Show Calendar");
-    for (QPushButton* b : {cmdReal, cmdGMT, cmdUpdateTime, cmdCal}) b->setEnabled(false);
-    cmdUpdateTime->setEnabled(true);
     grid->addWidget(cmdReal, 0, 1);
     grid->addWidget(cmdGMT, 0, 2);
     grid->addWidget(cmdCal, 1, 1);
@@ -515,6 +521,221 @@ void Form1::changeEvent(QEvent* event) {
     if (event->type() == QEvent::ActivationChange && isActiveWindow() && core_.RealTimeMode &&
         !core_.ShuttingDown)
         timer1_->start();
+}
+
+} // namespace tarvelle
+
+namespace tarvelle {
+
+void Form1::ConnectCommands() {
+    MnuRealTime->setEnabled(true);
+    MnuUseGMT->setEnabled(true);
+    mnuCalendar->setEnabled(true);
+    mnuDateFormat->setEnabled(true);
+    mnuObserver->setEnabled(true);
+    cmdObserver->setEnabled(true);
+    connect(MnuRealTime, &QAction::triggered, this, &Form1::MnuRealTimeClick);
+    connect(cmdReal, &QPushButton::clicked, this, &Form1::MnuRealTimeClick);
+    connect(MnuUseGMT, &QAction::triggered, this, &Form1::MnuUseGMTClick);
+    connect(cmdGMT, &QPushButton::clicked, this, &Form1::MnuUseGMTClick);
+    connect(cmdUpdateTime, &QPushButton::clicked, this, &Form1::cmdUpdateTimeClick);
+    connect(mnuCalendar, &QAction::triggered, this, &Form1::mnuCalendarClick);
+    connect(cmdCal, &QPushButton::clicked, this, &Form1::mnuCalendarClick);
+    connect(mnuDateFormat, &QAction::triggered, this, &Form1::mnuDateFormatClick);
+    connect(mnuObserver, &QAction::triggered, this, &Form1::mnuObserverClick);
+    connect(cmdObserver, &QToolButton::clicked, this, &Form1::mnuObserverClick);
+    for (QAction* a : {mnuHTMLHelp, mnuOnLineHelp, mnuAbout}) a->setEnabled(true);
+    connect(mnuHTMLHelp, &QAction::triggered, this, [this] { ShowHtmlHelp(st_); });
+    connect(mnuOnLineHelp, &QAction::triggered, this, [this] { ShowOnlineHelp(st_); });
+    connect(mnuAbout, &QAction::triggered, this, [this] {
+        FormAbout about(st_, Q(versionText_), this);
+        about.exec();
+    });
+}
+
+double Form1::ComputerDate() const { return std::floor(st_.clock.LocalNow()); }
+
+void Form1::SetBoxesEditable(bool editable) {
+    for (QLineEdit* box : {txtY, txtM, txtD, txtH, txtN, txtS}) box->setReadOnly(!editable);
+}
+
+void Form1::MnuRealTimeClick() {
+    const bool real = !core_.RealTimeMode;
+    MnuRealTime->setChecked(real);
+    core_.RealTimeMode = real;
+    CloseForms();
+    if (real) {
+        st_.ReadClock();
+        core_.BuildDayTables(core_.CurrentUT);
+        core_.UpdatePositions();
+        DisplayTimes();
+        DisplayInfo();
+        LBLQ->clear();
+        cmdReal->setText("Using Real Time");
+        cmdUpdateTime->hide();
+        SetBoxesEditable(false);
+        timer1_->start();
+    } else {
+        firstFix_ = true;
+        core_.CurrentUT = st_.clock.LocalNow();
+        if (!core_.UseGMT) core_.CurrentUT = core_.CurrentUT - (core_.ObsTZ / 24.0 - core_.ClockOffset / 24.0);
+        SwitchToFixedTime();
+    }
+    DisplayCaption();
+}
+
+void Form1::SwitchToFixedTime() {
+    timer1_->stop();
+    LBLQ->setText(core_.UseGMT ? "Enter GMT Date and Time  -  Press Update when finished."
+                               : "Enter Local Date and Time  -  Press Update when finished.");
+    cmdUpdateTime->show();
+    cmdReal->setText("Using Fixed Time");
+    cmdCal->show();
+    SetBoxesEditable(true);
+    if (!firstFix_) {
+        NewTime();
+        core_.BuildDayTables(core_.CurrentUT);
+    }
+    st_.fixed.FixedUT = core_.CurrentUT;
+    SetFixedTime();
+    firstFix_ = false;
+    DisplayTimes();
+    DisplayInfo();
+    DisplayCaption();
+    MnuRealTime->setChecked(false);
+}
+
+void Form1::SetFixedTime() { tarvelle::SetFixedTime(core_, st_.fixed); }
+
+void Form1::NewTime() {
+    core_.UpdateSiderealTime();
+    st_.fixed.FixedUT = core_.CurrentUT;
+    core_.UpdatePositions();
+    SetFixedTime();
+    DisplayTimes();
+    DisplayInfo();
+}
+
+void Form1::cmdUpdateTimeClick() {
+    CloseForms();
+    double time = 0.0;
+    GetTimeFromBox(time);
+    if (ParseTimeText(Q(FormatDateMask(time, "hh:nn:ss"))).isEmpty()) return;
+    GetTimeFromBox(time);
+    double date = 0.0;
+    GetDateFromBox(date);
+    core_.CurrentUT = date + time;
+    PutDateInBox(core_.CurrentUT);
+    PutTimeInBox(core_.CurrentUT);
+    // The boxes keep the local time the user typed; the clock goes to GMT.
+    if (!core_.UseGMT) core_.CurrentUT = core_.CurrentUT - (core_.ObsTZ / 24.0 - core_.ClockOffset / 24.0);
+    NewTime();
+    core_.BuildDayTables(st_.fixed.FixedUT);
+}
+
+void Form1::MnuUseGMTClick() {
+    const bool gmt = !core_.UseGMT;
+    MnuUseGMT->setChecked(gmt);
+    core_.UseGMT = gmt;
+    st_.settings.save("Startup", "UseGMT", gmt ? "True" : "False");
+    cmdGMT->setText(gmt ? "GMT" : "Local");
+    CloseForms();
+    DisplayTimes();
+    DisplayInfo();
+    DisplayCaption();
+}
+
+void Form1::mnuCalendarClick() {
+    calendarDate_ = core_.CurrentUT;
+    FormCalendar calendar(calendarDate_, calendarCancelled_, ComputerDate(), this);
+    calendar.exec();
+    if (core_.RealTimeMode) return; // the calendar has only been shown
+    double time = 0.0;
+    GetTimeFromBox(time);
+    if (calendarCancelled_) {
+        core_.CurrentUT = std::floor(core_.CurrentUT) + time;
+        return;
+    }
+    core_.CurrentUT = calendarDate_ + time;
+    PutDateInBox(core_.CurrentUT);
+    PutTimeInBox(core_.CurrentUT);
+    if (!core_.UseGMT) core_.CurrentUT = core_.CurrentUT - core_.ObsTZ / 24.0;
+    SwitchToFixedTime();
+}
+
+void Form1::mnuDateFormatClick() {
+    FormDateFormat dialog(core_.DateFormatChoice, st_.settings, this);
+    dialog.exec();
+    ArrangeDateBoxes();
+}
+
+void Form1::mnuObserverClick() {
+    FormObserver observer(st_, [this] { CloseForms(); }, this);
+    observer.exec();
+    FillObLabel();
+}
+
+namespace {
+
+DateTimeBoxes ReadBoxes(const Form1& f) {
+    return {f.txtY->text().toStdString(), f.txtM->text().toStdString(), f.txtD->text().toStdString(),
+            f.txtH->text().toStdString(), f.txtN->text().toStdString(), f.txtS->text().toStdString()};
+}
+
+void WriteBoxes(Form1& f, const DateTimeBoxes& b) {
+    const std::pair<QLineEdit*, const std::string*> cells[] = {{f.txtY, &b.Y}, {f.txtM, &b.M}, {f.txtD, &b.D},
+                                                                {f.txtH, &b.H}, {f.txtN, &b.N}, {f.txtS, &b.S}};
+    for (const auto& [box, text] : cells)
+        if (box->text() != Q(*text)) box->setText(Q(*text));
+}
+
+} // namespace
+
+bool Form1::GetDateFromBox(double& t) {
+    DateTimeBoxes boxes = ReadBoxes(*this);
+    std::vector<std::string> messages;
+    t = DateFromBoxes(boxes, ComputerDate(), messages);
+    WriteBoxes(*this, boxes);
+    for (const std::string& m : messages) st_.dialogs.Message(Q(m));
+    return messages.empty();
+}
+
+void Form1::GetTimeFromBox(double& t) {
+    DateTimeBoxes boxes = ReadBoxes(*this);
+    t = TimeFromBoxes(boxes);
+    WriteBoxes(*this, boxes);
+}
+
+QString Form1::ParseTimeText(const QString& text) {
+    if (const auto normal = NormaliseTimeText(text.toStdString())) return Q(*normal);
+    st_.dialogs.Message(kTimeFormatErrorText, kTimeFormatErrorTitle);
+    return {};
+}
+
+void Form1::CloseForms() {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (qsizetype i = windows.size() - 1; i >= 0; --i) {
+        QWidget* w = windows[i];
+        const Qt::WindowType type = w->windowType();
+        if (w == this || !w->isVisible() || (type != Qt::Window && type != Qt::Dialog)) continue;
+        const QString name = w->objectName();
+        if (name == "Form8" || name == "FormObserver") continue;
+        w->close();
+    }
+}
+
+void Form1::RegisterViewWindow(QWidget* window, QAction* displayItem, QAction* windowEntry) {
+    displayItem->setCheckable(true);
+    displayItem->setChecked(true);
+    windowEntry->setEnabled(true);
+    QPointer<QWidget> guarded(window);
+    disconnect(windowEntry, &QAction::triggered, nullptr, nullptr);
+    connect(windowEntry, &QAction::triggered, this, [guarded] {
+        if (!guarded) return;
+        guarded->showNormal();
+        guarded->raise();
+        guarded->activateWindow();
+    });
 }
 
 } // namespace tarvelle

@@ -14,6 +14,7 @@
 #include <string>
 
 class QAction;
+class QEvent;
 class QLabel;
 class QLineEdit;
 class QMenu;
@@ -45,6 +46,26 @@ public:
     // The once-a-second heartbeat of real time.
     void Timer1Tick();
 
+    // Real and fixed time, GMT and local, and the entry of a date and time.
+    void MnuRealTimeClick();
+    void SwitchToFixedTime();
+    void NewTime();
+    void SetFixedTime();
+    void cmdUpdateTimeClick();
+    void MnuUseGMTClick();
+    void mnuCalendarClick();
+    void mnuDateFormatClick();
+    void mnuObserverClick();
+    bool GetDateFromBox(double& t);
+    void GetTimeFromBox(double& t);
+    // "hh:mm:ss", or "" after telling the user the time could not be read.
+    QString ParseTimeText(const QString& text);
+    // Closes every window but this one, the picture store and the observer window.
+    void CloseForms();
+    // A view window opened from the display menu: checks its menu item and enables its entry in
+    // the Window menu, which brings it back into view.
+    void RegisterViewWindow(QWidget* window, QAction* displayItem, QAction* windowEntry);
+
     const std::string& TitleText() const { return titleText_; }
     const std::string& VersionText() const { return versionText_; }
     int LastDay() const { return lastDay_; }
@@ -58,6 +79,9 @@ protected:
 
 private:
     void BuildMenus();
+    void ConnectCommands();
+    void SetBoxesEditable(bool editable);
+    double ComputerDate() const;
     void BuildButtons(QWidget* row);
     QWidget* BuildTimePanel();
     QWidget* BuildReadoutPanel();
@@ -84,6 +108,9 @@ private:
     std::string versionText_;
     int lastDay_ = 0;
     std::optional<int> lastMinute_;
+    bool firstFix_ = false;
+    double calendarDate_ = 0.0;
+    bool calendarCancelled_ = false;
 
     QTimer* timer1_ = nullptr;
     QWidget* buttonRow_ = nullptr;
@@ -104,6 +131,8 @@ public:
     QToolButton *cmdObserverlog = nullptr, *CmdAutomation = nullptr, *cmdRunAutomation = nullptr;
     QToolButton* cmdStopAutomation = nullptr;
     QAction *MnuRealTime = nullptr, *MnuUseGMT = nullptr, *MnuFileExit = nullptr;
+    QAction *mnuCalendar = nullptr, *mnuDateFormat = nullptr, *mnuObserver = nullptr;
+    QAction *mnuHTMLHelp = nullptr, *mnuOnLineHelp = nullptr, *mnuAbout = nullptr;
 };
 
 } // namespace tarvelle

@@ -1,1 +1,243 @@
+// FormObserver driven through its named controls, with messages read from the dialog double.
+#include "date_value.h"
+#include "observer_window.h"
+
 #include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using namespace tarvelle;
+
+namespace {
+
+// A move of the mouse over a widget, with no button held.
+void MoveOver(QWidget* w, QPoint p) {
+    QMouseEvent move(QEvent::MouseMove, p, w->mapToGlobal(p), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(w, &move);
+}
+
+class FormObserverTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        programDir = dir.path() + "/";
+        Write("viewer.obs", "\"39:15:00.0\"\r\n\"76:30:00.0\"\r\n\"-5\"\r\n");
+        settings = std::make_unique<SettingsStore>(dir.filePath("s.ini"));
+        clock.local = DateSerial(2026, 11, 22) + TimeSerial(15, 30, 0);
+        clock.biasHours = 5.0;
+        station = std::make_unique<Station>(*settings, clock, dialogs, desktop, programDir);
+        Core& c = station->core;
+        c.ObFileName = (programDir + "viewer.obs").toStdString();
+        c.ObsLatitude = 39.25f;
+        c.ObsLongitude = 76.5f;
+        c.ObsTZ = -5.0;
+        c.SystemClockTZ = -5.0;
+        c.UpdateClockOffset();
+        station->ReadClock();
+        c.UpdateSiderealTime();
+        c.BuildDayTables(c.CurrentUT);
+        form = std::make_unique<FormObserver>(*station, [this] { ++closeForms; });
+    }
+    void Write(const char* name, const char* content) {
+        QFile f(programDir + name);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(content);
+    }
+    QString Read(const QString& path) {
+        QFile f(path);
+        return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
+    }
+    Core& core() { return station->core; }
+    bool Apply() {
+        bool done = false;
+        form->UpdateValues(done);
+        return done;
+    }
+
+    QTemporaryDir dir;
+    QString programDir;
+    std::unique_ptr<SettingsStore> settings;
+    FakeClock clock;
+    ScriptedDialogs dialogs;
+    RecordingDesktop desktop;
+    std::unique_ptr<Station> station;
+    std::unique_ptr<FormObserver> form;
+    int closeForms = 0;
+};
+
+} // namespace
+
+TEST_F(FormObserverTest, OpensOnTheCurrentRecord) {
+    EXPECT_EQ(form->windowTitle(), "Observer Parameters");
+    EXPECT_EQ(form->Txtlat->text(), "39:15:00.0");
+    EXPECT_EQ(form->TxtLng->text(), "76:30:00.0");
+    EXPECT_EQ(form->TxtTZ->text(), "-5");
+    EXPECT_EQ(form->txtSCTZ->text(), "-5");
+    EXPECT_EQ(form->cmdEW->text(), "W");
+    EXPECT_TRUE(form->chkDetectTZ->isChecked());
+    EXPECT_EQ(form->LBLObFileName->text(), "Observer File: " + programDir + "viewer.obs");
+    EXPECT_EQ(form->TxtLng->toolTip(), "This is the West Longitude of the Observer.");
+    EXPECT_FALSE(form->Edited());
+}
+
+TEST_F(FormObserverTest, NothingChangedAppliesWithoutAsking) {
+    EXPECT_TRUE(Apply());
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_EQ(closeForms, 0);
+}
+
+TEST_F(FormObserverTest, ABadLatitudeIsRefusedSilentlyAfterTheQuestion) {
+    form->Txtlat->setText("95:00:00");
+    EXPECT_TRUE(form->Edited());
+    EXPECT_FALSE(Apply());
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].title, "Update Parameters Message");
+    EXPECT_EQ(dialogs.messages[0].buttons, MsgButtons::OKCancel);
+    EXPECT_EQ(dialogs.messages[0].text, "If you want to keep these parameters\nthen todays predictions will be \n"
+                                        "recalculated.  Select OK to continue\nor Cancel to restore last settings.");
+    EXPECT_EQ(core().ObsLatitude, 39.25f);
+    EXPECT_EQ(closeForms, 0);
+}
+
+TEST_F(FormObserverTest, CancelRestoresThePreviousValues) {
+    form->Txtlat->setText("-33:52:00");
+    form->TxtTZ->setText("10");
+    dialogs.answers = {MsgAnswer::Cancel};
+    EXPECT_TRUE(Apply());
+    ASSERT_EQ(dialogs.messages.size(), 2u);
+    EXPECT_EQ(dialogs.messages[1].title, "Observer Parameters.");
+    EXPECT_EQ(dialogs.messages[1].text, "Previous values restored");
+    EXPECT_EQ(form->Txtlat->text(), "39:15:00.0");
+    EXPECT_EQ(form->TxtTZ->text(), "-5");
+    EXPECT_EQ(core().ObsTZ, -5.0);
+}
+
+TEST_F(FormObserverTest, TimeZonesOutsideADayAreRefused) {
+    form->TxtTZ->setText("24.5");
+    EXPECT_FALSE(Apply());
+    ASSERT_EQ(dialogs.messages.size(), 2u);
+    EXPECT_EQ(dialogs.messages[1].title, "Time Zone Error");
+    EXPECT_EQ(dialogs.messages[1].text, "You entered an invalid value for Time Zone. Please re-enter.");
+    form->TxtTZ->setText("24");
+    form->txtSCTZ->setText("-25");
+    dialogs.messages.clear();
+    EXPECT_FALSE(Apply());
+    ASSERT_EQ(dialogs.messages.size(), 2u);
+    EXPECT_EQ(dialogs.messages[1].text, "You entered an invalid value for the System Clock Time Zone. Please re-enter.");
+    EXPECT_EQ(core().ObsTZ, -5.0);
+}
+
+TEST_F(FormObserverTest, ApplyingStoresRebuildsAndClosesTheOtherWindows) {
+    const double altBefore = core().Day.DayJupAlt[600];
+    form->Txtlat->setText("-33:52:00");
+    form->TxtLng->setText("-151:12:00");
+    form->TxtTZ->setText("10");
+    form->txtSCTZ->setText("10");
+    form->chkDetectTZ->setChecked(false);
+    form->ChkMakeDefault->setChecked(true);
+    EXPECT_TRUE(Apply());
+    EXPECT_NEAR(core().ObsLatitude, -33.8667f, 1e-4f);
+    EXPECT_NEAR(core().ObsLongitude, 208.8f, 1e-4f);
+    EXPECT_EQ(core().ObsTZ, 10.0);
+    EXPECT_EQ(core().SystemClockTZ, 10.0);
+    EXPECT_EQ(core().ClockOffset, 0.0);
+    EXPECT_FALSE(core().UseDetectedTZ);
+    EXPECT_NE(core().Day.DayJupAlt[600], altBefore);
+    EXPECT_EQ(closeForms, 1);
+    EXPECT_EQ(settings->get("Startup", "SystemClockTZ"), "10");
+    EXPECT_EQ(settings->get("Startup", "UseDetectedTZ"), "False");
+    EXPECT_EQ(settings->get("Startup", "DisplayWest"), "W");
+    EXPECT_EQ(form->Txtlat->text(), "-33:52:00.0");
+    EXPECT_FALSE(form->Edited());
+}
+
+TEST_F(FormObserverTest, EastShowsTheOtherWayAndSavesWest) {
+    form->cmdEW->click();
+    EXPECT_EQ(core().DisplayWest, "E");
+    EXPECT_EQ(form->cmdEW->text(), "E");
+    EXPECT_EQ(form->TxtLng->text(), "283:30:00.0");
+    core().ObFileName = (programDir + "east.obs").toStdString();
+    form->SaveoB();
+    EXPECT_EQ(Read(programDir + "east.obs"), "\"39:15:00.0\"\r\n\"76:30:00.0\"\r\n\"-5\"\r\n");
+    EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(FormObserverTest, SaveAndLoadThroughTheFileDialogs) {
+    form->Txtlat->setText("51:28:40");
+    form->TxtLng->setText("0:00:05");
+    form->TxtTZ->setText("0");
+    dialogs.paths = {programDir + "greenwich.obs"};
+    form->CmdSave->click(); // applies first, then writes
+    EXPECT_EQ(Read(programDir + "greenwich.obs"), "\"51:28:40.0\"\r\n\"0:00:05.0\"\r\n\"0\"\r\n");
+    EXPECT_EQ(QString::fromStdString(core().ObFileName), programDir + "greenwich.obs");
+
+    dialogs.paths = {programDir + "viewer.obs"};
+    form->CmdLoad->click();
+    EXPECT_EQ(core().ObsLatitude, 39.25f);
+    EXPECT_EQ(form->Txtlat->text(), "39:15:00.0");
+    EXPECT_TRUE(form->Edited()); // a loaded record still has to be applied
+
+    dialogs.paths = {""}; // cancelled: nothing changes
+    form->CmdLoad->click();
+    EXPECT_EQ(QString::fromStdString(core().ObFileName), programDir + "viewer.obs");
+}
+
+TEST_F(FormObserverTest, ABadLongitudeIsSavedWithAWarning) {
+    form->TxtLng->setText("400:00:00");
+    core().ObFileName = (programDir + "bad.obs").toStdString();
+    form->SaveoB();
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].title, "Save Error");
+    EXPECT_EQ(dialogs.messages[0].text, "An error occured while trying to save the Longitde.");
+    EXPECT_TRUE(Read(programDir + "bad.obs").contains("\"-999:00:00.0\""));
+}
+
+TEST_F(FormObserverTest, TheMapReadsAndPicksPlaces) {
+    MoveOver(form->Picture1, QPoint(320, 160));
+    EXPECT_EQ(form->LBLLatLng->text(), "Lat: 0:00:00.0   Lng:0:00:00.0 W");
+    MoveOver(form->Picture1, QPoint(160, 80)); // 45 N, 90 W
+    EXPECT_EQ(form->LBLLatLng->text(), "Lat: 45:00:00.0   Lng:90:00:00.0 W");
+    QTest::mousePress(form->Picture1, Qt::RightButton, {}, QPoint(160, 80));
+    EXPECT_EQ(form->Txtlat->text(), "45:00:00.0");
+    EXPECT_EQ(form->TxtLng->text(), "90:00:00.0");
+    form->cmdEW->click();
+    MoveOver(form->Picture1, QPoint(480, 80)); // 90 E
+    EXPECT_EQ(form->LBLLatLng->text(), "Lat: 45:00:00.0   Lng:90:00:00.0 E");
+}
+
+TEST_F(FormObserverTest, CitiesFromTheListFillTheBoxes) {
+    Write("latlng.txt", "*Europe\nLondon, United Kingdom\n51.5083\n0.1253\nParis, France\n48.8667\n357.6667\n"
+                        "*Oceania\nSydney, Australia\n-33.8667\n208.7833\n");
+    form->CmdCities->click();
+    ASSERT_EQ(form->ListRegions->count(), 2);
+    EXPECT_EQ(form->ListRegions->item(1)->text(), "Oceania");
+    EXPECT_TRUE(form->ListRegions->isVisibleTo(form.get()));
+    form->ListRegionsClick("Europe");
+    ASSERT_EQ(form->ListCities->count(), 4);
+    EXPECT_EQ(form->ListCities->item(0)->text(), "<CANCEL>");
+    EXPECT_EQ(form->ListCities->item(2)->text(), "Paris, France");
+    EXPECT_EQ(form->ListCities->item(3)->text(), "<CANCEL>");
+    form->ListCitiesClick("Paris, France");
+    EXPECT_EQ(form->Txtlat->text(), "48:52:00.0");
+    EXPECT_EQ(form->TxtLng->text(), "357:40:00.1"); // 0.6667 of a degree is 40' 0.12"
+    EXPECT_FALSE(form->ListCities->isVisibleTo(form.get()));
+    EXPECT_EQ(form->ListRegions->count(), 0);
+    EXPECT_TRUE(form->Edited());
+}
+
+TEST_F(FormObserverTest, DetectingTheZoneFillsBothBoxes) {
+    clock.biasHours = -5.5; // the computer now runs on 5.5 hours east
+    form->chkDetectTZ->setChecked(false);
+    form->chkDetectTZ->setChecked(true);
+    EXPECT_EQ(form->TxtTZ->text(), "5.5");
+    EXPECT_EQ(form->txtSCTZ->text(), "5.5");
+}

@@ -1,1 +1,234 @@
+#include "places.h"
+
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace tarvelle {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kCancel = "<CANCEL>";
+
+// A latlng.txt of the test's own in a fresh folder, removed afterwards.
+class PlacesFile : public ::testing::Test {
+protected:
+    void SetUp() override {
+        const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+        dir_ = fs::temp_directory_path() / (std::string("tarvelle_places_") + info->name());
+        fs::remove_all(dir_);
+        fs::create_directories(dir_);
+    }
+    void TearDown() override { fs::remove_all(dir_); }
+
+    std::string Write(const std::string& contents) {
+        const fs::path path = dir_ / "latlng.txt";
+        std::ofstream(path, std::ios::binary) << contents;
+        return path.string();
+    }
+    std::string Missing() const { return (dir_ / "absent.txt").string(); }
+
+    fs::path dir_;
+};
+
+constexpr const char* kSample = "*Europe\n"
+                                "London, Britain (UK)\n"
+                                "51.5083\n"
+                                "0.1253\n"
+                                "Paris, France\n"
+                                "48.8667\n"
+                                "357.6667\n"
+                                "*North America\n"
+                                "New York, United States\n"
+                                "40.7142\n"
+                                "74.0064\n"
+                                "*Pacific\n"
+                                "Honolulu, United States\n"
+                                "21.3069\n"
+                                "157.8583\n";
+
+TEST_F(PlacesFile, RegionsAreTheRegionLinesInFileOrder) {
+    EXPECT_EQ(ReadRegions(Write(kSample)), (std::vector<std::string>{"Europe", "North America", "Pacific"}));
+    // Only a "*" that starts the line makes a region; CR LF line ends are not part of the name.
+    EXPECT_EQ(ReadRegions(Write("Odd * line, here\r\n*Asia\r\n *Not a region\r\n*\r\n")),
+              (std::vector<std::string>{"Asia", ""}));
+    EXPECT_TRUE(ReadRegions(Missing()).empty());
+}
+
+TEST_F(PlacesFile, CitiesOfARegionRunToTheNextRegionOrTheEnd) {
+    const std::string path = Write(kSample);
+    EXPECT_EQ(ReadCities(path, "Europe"),
+              (std::vector<std::string>{kCancel, "London, Britain (UK)", "Paris, France", kCancel}));
+    EXPECT_EQ(ReadCities(path, "Pacific"),
+              (std::vector<std::string>{kCancel, "Honolulu, United States", kCancel}));
+    // The region line must equal "*" + region whole, not begin with it.
+    EXPECT_EQ(ReadCities(path, "North"), (std::vector<std::string>{kCancel}));
+    EXPECT_EQ(ReadCities(path, "europe"), (std::vector<std::string>{kCancel}));
+    EXPECT_TRUE(ReadCities(Missing(), "Europe").empty());
+}
+
+TEST_F(PlacesFile, OnlyLinesWithACommaAreOfferedAsCities) {
+    const std::string path = Write("*Empty\n*Mixed\nno comma\n12.5\n,\nA, B\n1,5\n\n*Last\n");
+    EXPECT_EQ(ReadCities(path, "Empty"), (std::vector<std::string>{kCancel, kCancel}));
+    EXPECT_EQ(ReadCities(path, "Mixed"), (std::vector<std::string>{kCancel, ",", "A, B", "1,5", kCancel}));
+    EXPECT_EQ(ReadCities(path, "Last"), (std::vector<std::string>{kCancel, kCancel}));
+}
+
+TEST_F(PlacesFile, ACityIsTheFirstEqualLineInTheWholeFile) {
+    const std::string path = Write(kSample);
+    const auto london = FindCity(path, "London, Britain (UK)");
+    ASSERT_TRUE(london);
+    EXPECT_DOUBLE_EQ(london->latitude, 51.5083);
+    EXPECT_DOUBLE_EQ(london->longitudeWest, 0.1253);
+
+    const auto honolulu = FindCity(path, "Honolulu, United States");
+    ASSERT_TRUE(honolulu);
+    EXPECT_DOUBLE_EQ(honolulu->latitude, 21.3069);
+    EXPECT_DOUBLE_EQ(honolulu->longitudeWest, 157.8583);
+
+    // A name is compared whole.
+    EXPECT_FALSE(FindCity(path, "London"));
+    EXPECT_FALSE(FindCity(path, "london, britain (uk)"));
+    EXPECT_FALSE(FindCity(Missing(), "London, Britain (UK)"));
+
+    // A name listed in two regions takes the first one's place.
+    const auto twice =
+        FindCity(Write("*A\nSpringfield, X\n10\n20\n*B\nSpringfield, X\n-30\n300\n"), "Springfield, X");
+    ASSERT_TRUE(twice);
+    EXPECT_DOUBLE_EQ(twice->latitude, 10.0);
+    EXPECT_DOUBLE_EQ(twice->longitudeWest, 20.0);
+}
+
+TEST_F(PlacesFile, NumbersAreTheValueOfTheirText) {
+    // The city line is followed by another city line: both numbers read as 0.
+    const std::string path = Write("*R\nFirst, Place\nSecond, Place\n-12.5\n"
+                                   "Padded, Place\n   -33.87 S\n  &H10\n"
+                                   "Windows, Place\r\n45.5\r\n300.25\r\n"
+                                   "Last, Place\n");
+    const auto first = FindCity(path, "First, Place");
+    ASSERT_TRUE(first);
+    EXPECT_EQ(first->latitude, 0.0);
+    EXPECT_EQ(first->longitudeWest, -12.5);
+
+    const auto padded = FindCity(path, "Padded, Place");
+    ASSERT_TRUE(padded);
+    EXPECT_DOUBLE_EQ(padded->latitude, -33.87);
+    EXPECT_DOUBLE_EQ(padded->longitudeWest, 16.0);
+
+    const auto windows = FindCity(path, "Windows, Place");
+    ASSERT_TRUE(windows);
+    EXPECT_DOUBLE_EQ(windows->latitude, 45.5);
+    EXPECT_DOUBLE_EQ(windows->longitudeWest, 300.25);
+
+    // The file ends right after the name: the missing lines read as 0.
+    const auto last = FindCity(path, "Last, Place");
+    ASSERT_TRUE(last);
+    EXPECT_EQ(last->latitude, 0.0);
+    EXPECT_EQ(last->longitudeWest, 0.0);
+}
+
+TEST(MapLatLng, PixelsGoToPlacesAtNineSixteenthsOfADegree) {
+    struct Case {
+        int x, y;
+        double latitude, longitudeWest;
+    };
+    const Case cases[] = {
+        {0, 0, 90.0, 180.0},          // top left corner: the pole, 180 degrees
+        {320, 160, 0.0, 0.0},         // centre: Greenwich on the equator
+        {100, 40, 67.5, 123.75},      // left of the centre: west, 0 to 180
+        {319, 161, -0.5625, 0.5625},  // just west of Greenwich
+        {321, 159, 0.5625, 359.4375}, // just east of it, wrapped to the top of the range
+        {400, 100, 33.75, 315.0},     // 45 degrees east
+        {639, 319, -89.4375, 180.5625},
+        {640, 320, -90.0, 180.0}, // the right edge is 180 again; the south pole still counts
+        {-16, -16, 99.0, 189.0},  // off the map above and to the left: no clamp
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(::testing::Message() << "x " << c.x << ", y " << c.y);
+        const auto place = MapLatLng(c.x, c.y);
+        ASSERT_TRUE(place);
+        EXPECT_DOUBLE_EQ(place->latitude, c.latitude);
+        EXPECT_DOUBLE_EQ(place->longitudeWest, c.longitudeWest);
+    }
+    EXPECT_FALSE(MapLatLng(320, 321)); // below the south pole
+    EXPECT_FALSE(MapLatLng(0, 1000));
+}
+
+TEST(GetTZ, CellEdgesOfTheBar) {
+    struct Case {
+        int x, zone;
+    };
+    const Case cases[] = {
+        {0, -11},   {10, -11},  {16, -11},  {17, -10},   {42, -10}, {43, -9},  {167, -5}, {168, -4},
+        {247, -2},  {248, -1},  {267, -1},  {268, 0},    {292, 0},  {293, 1},  {300, 1},  {317, 1},
+        {318, 2},   {340, 2},   {341, 3},   {368, 3},    {369, 4},  {542, 10}, {543, 11}, {593, 11},
+        {594, -11}, {600, -11}, {639, -11}, {5000, -11}, {-1, -11},
+    };
+    for (const Case& c : cases) EXPECT_EQ(getTZ(c.x), c.zone) << "x " << c.x;
+}
+
+TEST(GetTZ, EveryZoneIsOneCellInOrderAcrossTheBar) {
+    // From x 17 to 593 the zones run from -10 to 11 without a gap or a step back, each once.
+    int previous = getTZ(17);
+    EXPECT_EQ(previous, -10);
+    for (int x = 18; x <= 593; ++x) {
+        const int zone = getTZ(x);
+        ASSERT_TRUE(zone == previous || zone == previous + 1) << "x " << x;
+        previous = zone;
+    }
+    EXPECT_EQ(previous, 11);
+}
+
+// The city list the program ships, read through the same routines as the window reads it.
+TEST(ShippedCityList, EveryCityIsFoundWhereItIsListed) {
+    const fs::path path = fs::path(__FILE__).parent_path() / ".." / ".." / "data" / "latlng.txt";
+    if (!fs::exists(path)) GTEST_SKIP() << "no " << path;
+    const std::string file = path.string();
+
+    const std::vector<std::string> regions = ReadRegions(file);
+    EXPECT_GE(regions.size(), 9u);
+    std::set<std::string> names;
+    size_t cities = 0;
+    for (const std::string& region : regions) {
+        const std::vector<std::string> list = ReadCities(file, region);
+        ASSERT_GE(list.size(), 3u) << region;
+        EXPECT_EQ(list.front(), kCancel);
+        EXPECT_EQ(list.back(), kCancel);
+        for (size_t i = 1; i + 1 < list.size(); ++i) {
+            // FindCity takes the first equal line of the file: a name listed twice would give
+            // the second region's city the first one's place.
+            EXPECT_TRUE(names.insert(list[i]).second) << list[i] << " is listed twice";
+            const auto place = FindCity(file, list[i]);
+            ASSERT_TRUE(place) << list[i];
+            EXPECT_GE(place->latitude, -90.0) << list[i];
+            EXPECT_LE(place->latitude, 90.0) << list[i];
+            EXPECT_GE(place->longitudeWest, 0.0) << list[i];
+            EXPECT_LT(place->longitudeWest, 360.0) << list[i];
+            ++cities;
+        }
+    }
+    EXPECT_GE(cities, 300u);
+
+    // Places from the tz database's zone1970.tab, by hand: London +513030-0000731,
+    // Tokyo +353916+1394441 (east, so 360 minus it), Sydney -3352+15113. To 0.0001 degree.
+    const auto london = FindCity(file, "London, Britain (UK)");
+    ASSERT_TRUE(london);
+    EXPECT_NEAR(london->latitude, 51.508333, 1e-4);
+    EXPECT_NEAR(london->longitudeWest, 0.125278, 1e-4);
+    const auto tokyo = FindCity(file, "Tokyo, Japan");
+    ASSERT_TRUE(tokyo);
+    EXPECT_NEAR(tokyo->latitude, 35.654444, 1e-4);
+    EXPECT_NEAR(tokyo->longitudeWest, 220.255278, 1e-4);
+    const auto sydney = FindCity(file, "Sydney, Australia");
+    ASSERT_TRUE(sydney);
+    EXPECT_NEAR(sydney->latitude, -33.866667, 1e-4);
+    EXPECT_NEAR(sydney->longitudeWest, 208.783333, 1e-4);
+}
+
+} // namespace
+} // namespace tarvelle

@@ -1,1 +1,310 @@
+// Real and fixed time, GMT and local, and the entry of dates and times on the station window.
+#include "calendar_window.h"
+#include "date_format_window.h"
+#include "date_value.h"
+#include "main_window.h"
+#include "time_entry.h"
+
 #include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+using namespace tarvelle;
+
+namespace {
+
+DateTimeBoxes Boxes(const char* y, const char* m, const char* d, const char* h = "0", const char* n = "0",
+                    const char* s = "0") {
+    return {y, m, d, h, n, s};
+}
+
+// Runs `act` on the next modal dialog that opens, once it is up.
+void OnNextModal(std::function<void(QWidget*)> act) {
+    QTimer::singleShot(0, [act] {
+        if (QWidget* w = QApplication::activeModalWidget()) act(w);
+    });
+}
+
+} // namespace
+
+TEST(TimeEntry, DatesFallBackOnTodayWithTheirMessages) {
+    const double today = DateSerial(2026, 11, 22);
+    std::vector<std::string> messages;
+    DateTimeBoxes b = Boxes("2026", "0", "5");
+    EXPECT_EQ(DateFromBoxes(b, today, messages), today);
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_EQ(messages[0], "Invalid Day or Month - Using Todays Date Instead.");
+    EXPECT_EQ(b.Y + b.M + b.D, "20261122");
+
+    for (const char* year : {"1899", "3001", ""}) {
+        messages.clear();
+        b = Boxes(year, "6", "1");
+        EXPECT_EQ(DateFromBoxes(b, today, messages), today) << year;
+        ASSERT_EQ(messages.size(), 1u);
+        EXPECT_EQ(messages[0], "Invalid Year {1900-3000} - Using Todays Date Instead.");
+    }
+    messages.clear();
+    b = Boxes("2026", "99999999", "1");
+    EXPECT_EQ(DateFromBoxes(b, today, messages), today);
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_EQ(messages[0].rfind("Date Error: \n", 0), 0u);
+}
+
+TEST(TimeEntry, DatesRollOverAsDateArithmeticDoes) {
+    std::vector<std::string> messages;
+    DateTimeBoxes b = Boxes("2025", "13", "1");
+    EXPECT_EQ(DateFromBoxes(b, 0, messages), DateSerial(2026, 1, 1));
+    b = Boxes("2024", "2", "30");
+    EXPECT_EQ(DateFromBoxes(b, 0, messages), DateSerial(2024, 3, 1));
+    b = Boxes("3000", "12", "32");
+    EXPECT_EQ(DateFromBoxes(b, 0, messages), DateSerial(3001, 1, 1));
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST(TimeEntry, TimesAreClampedInTheBoxes) {
+    DateTimeBoxes b = Boxes("", "", "", "25", "70", "80");
+    EXPECT_DOUBLE_EQ(TimeFromBoxes(b), TimeSerial(23, 59, 59));
+    EXPECT_EQ(b.H + ":" + b.N + ":" + b.S, "23:59:59");
+    b = Boxes("", "", "", "", "-3", "7");
+    EXPECT_DOUBLE_EQ(TimeFromBoxes(b), TimeSerial(0, 0, 7)); // a blank hour reads as 0
+    EXPECT_EQ(b.N, "00");
+    EXPECT_EQ(b.H, "");
+}
+
+TEST(TimeEntry, TypedTimesAreNormalisedOrRefused) {
+    EXPECT_EQ(NormaliseTimeText(" 1:2:3 "), "01:02:03");
+    EXPECT_EQ(NormaliseTimeText("12:00:00"), "12:00:00");
+    EXPECT_EQ(NormaliseTimeText("9:05:7"), "09:05:07");
+    for (const char* bad : {"1:2", "12:30", ":12:00", "1::0", "24:00:00", "12:60:00", "12:00:61", "ab:cd:ef", "12-00-00",
+                            "12:00:00:00", "1.5:00:00"})
+        EXPECT_FALSE(NormaliseTimeText(bad)) << bad;
+}
+
+namespace {
+
+class CommandsTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        programDir = dir.path() + "/";
+        QFile f(programDir + "viewer.obs");
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write("\"39:15:00.0\"\r\n\"76:30:00.0\"\r\n\"-5\"\r\n");
+        f.close();
+        settings = std::make_unique<SettingsStore>(dir.filePath("s.ini"));
+        clock.local = DateSerial(2026, 11, 22) + TimeSerial(15, 30, 0);
+        clock.biasHours = 5.0;
+        station = std::make_unique<Station>(*settings, clock, dialogs, desktop, programDir);
+        form = std::make_unique<Form1>(*station);
+        form->Load();
+    }
+    Core& core() { return station->core; }
+    QString Boxes() const {
+        return form->txtY->text() + "-" + form->txtM->text() + "-" + form->txtD->text() + " " + form->txtH->text() + ":" +
+               form->txtN->text() + ":" + form->txtS->text();
+    }
+    void SetBoxes(const char* y, const char* m, const char* d, const char* h, const char* n, const char* s) {
+        form->txtY->setText(y);
+        form->txtM->setText(m);
+        form->txtD->setText(d);
+        form->txtH->setText(h);
+        form->txtN->setText(n);
+        form->txtS->setText(s);
+    }
+
+    QTemporaryDir dir;
+    QString programDir;
+    std::unique_ptr<SettingsStore> settings;
+    FakeClock clock;
+    ScriptedDialogs dialogs;
+    RecordingDesktop desktop;
+    std::unique_ptr<Station> station;
+    std::unique_ptr<Form1> form;
+};
+
+} // namespace
+
+TEST_F(CommandsTest, RealToFixedAndBack) {
+    core().UseGMT = false;
+    form->cmdReal->click();
+    EXPECT_FALSE(core().RealTimeMode);
+    EXPECT_FALSE(form->MnuRealTime->isChecked());
+    EXPECT_FALSE(form->Timer1()->isActive());
+    EXPECT_EQ(form->LBLQ->text(), "Enter Local Date and Time  -  Press Update when finished.");
+    EXPECT_FALSE(form->cmdUpdateTime->isHidden());
+    EXPECT_EQ(form->cmdReal->text(), "Using Fixed Time");
+    EXPECT_FALSE(form->txtH->isReadOnly());
+    // In local time the fixed instant is the clock moved to GMT; the boxes show it locally.
+    EXPECT_EQ(FormatDateMask(station->fixed.FixedUT, "hh:nn"), "20:30");
+    EXPECT_EQ(Boxes(), "2026-11-22 15:30:00");
+    EXPECT_EQ(form->windowTitle(), "Tarvelle   3.8.2  (Local Time)");
+
+    clock.local = DateSerial(2026, 12, 1) + TimeSerial(1, 0, 0);
+    form->MnuRealTime->trigger();
+    EXPECT_TRUE(core().RealTimeMode);
+    EXPECT_TRUE(form->MnuRealTime->isChecked());
+    EXPECT_TRUE(form->Timer1()->isActive());
+    EXPECT_TRUE(form->LBLQ->text().isEmpty());
+    EXPECT_TRUE(form->cmdUpdateTime->isHidden());
+    EXPECT_EQ(form->cmdReal->text(), "Using Real Time");
+    EXPECT_TRUE(form->txtH->isReadOnly());
+    EXPECT_EQ(core().Day.DayMinuteTime[0], DateSerial(2026, 12, 1)); // tables of the new date
+}
+
+TEST_F(CommandsTest, FixingInGMTTakesTheClockAsItReads) {
+    form->cmdReal->click();
+    EXPECT_EQ(form->LBLQ->text(), "Enter GMT Date and Time  -  Press Update when finished.");
+    EXPECT_EQ(station->fixed.FixedUT, clock.local);
+    EXPECT_EQ(Boxes(), "2026-11-22 15:30:00");
+}
+
+TEST_F(CommandsTest, LocalTimeEnteredLandsInGMT) {
+    core().UseGMT = false;
+    form->cmdReal->click();
+    SetBoxes("2026", "11", "23", "12", "00", "00");
+    form->cmdUpdateTime->click();
+    EXPECT_EQ(FormatDateMask(core().CurrentUT, "yyyy-mm-dd hh:nn:ss"), "2026-11-23 17:00:00");
+    EXPECT_EQ(station->fixed.FixedUT, core().CurrentUT);
+    EXPECT_EQ(Boxes(), "2026-11-23 12:00:00"); // the boxes keep the local time
+    EXPECT_EQ(core().Day.DayMinuteTime[0], DateSerial(2026, 11, 23));
+    // The snapshot is the sky of that instant.
+    Core direct;
+    direct.ObsLatitude = core().ObsLatitude;
+    direct.ObsLongitude = core().ObsLongitude;
+    direct.CurrentUT = core().CurrentUT;
+    direct.UpdateSiderealTime();
+    direct.UpdatePositions();
+    EXPECT_EQ(station->fixed.FixedCML, direct.CMLIII);
+    EXPECT_EQ(station->fixed.FixedJupAlt, direct.JupAlt);
+    EXPECT_EQ(form->findChild<QLabel*>("LBlCMIII")->text().left(7), "CMIII: ");
+    EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(CommandsTest, BadEntriesAreToldAndClamped) {
+    form->cmdReal->click();
+    SetBoxes("2026", "0", "10", "25", "70", "80");
+    form->cmdUpdateTime->click();
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].text, "Invalid Day or Month - Using Todays Date Instead.");
+    EXPECT_EQ(Boxes(), "2026-11-22 23:59:59");
+    EXPECT_EQ(FormatDateMask(core().CurrentUT, "yyyy-mm-dd hh:nn:ss"), "2026-11-22 23:59:59");
+
+    dialogs.messages.clear();
+    EXPECT_TRUE(form->ParseTimeText("12:5").isEmpty());
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].title, "Time Format Error");
+    EXPECT_EQ(dialogs.messages[0].text, "You entered a time that could not be interpreted. Please re-enter.");
+}
+
+TEST_F(CommandsTest, GMTAndLocalToggle) {
+    form->cmdGMT->click();
+    EXPECT_FALSE(core().UseGMT);
+    EXPECT_FALSE(form->MnuUseGMT->isChecked());
+    EXPECT_EQ(settings->get("Startup", "UseGMT"), "False");
+    EXPECT_EQ(form->cmdGMT->text(), "Local");
+    EXPECT_EQ(form->windowTitle(), "Tarvelle   3.8.2  (Local Time)");
+    EXPECT_EQ(form->txtH->text(), "15");
+    form->MnuUseGMT->trigger();
+    EXPECT_TRUE(core().UseGMT);
+    EXPECT_EQ(settings->get("Startup", "UseGMT"), "True");
+    EXPECT_EQ(form->txtH->text(), "20");
+}
+
+TEST_F(CommandsTest, CalendarSetsTheDateInFixedTimeOnly) {
+    OnNextModal([](QWidget* w) {
+        auto* cal = qobject_cast<FormCalendar*>(w);
+        ASSERT_NE(cal, nullptr);
+        EXPECT_EQ(cal->windowTitle(), "Select Date");
+        EXPECT_EQ(cal->Calendar1->selectedDate(), QDate(2026, 11, 22));
+        cal->Calendar1->setSelectedDate(QDate(2027, 3, 4));
+        cal->cmdOK->click();
+    });
+    form->cmdCal->click();
+    EXPECT_TRUE(core().RealTimeMode); // in real time it has only been shown
+    EXPECT_EQ(FormatDateMask(core().CurrentUT, "yyyy-mm-dd"), "2026-11-22");
+
+    form->cmdReal->click();
+    SetBoxes("2026", "11", "22", "06", "15", "00");
+    OnNextModal([](QWidget* w) {
+        auto* cal = qobject_cast<FormCalendar*>(w);
+        ASSERT_NE(cal, nullptr);
+        cal->Calendar1->setSelectedDate(QDate(2027, 3, 4));
+        cal->cmdOK->click();
+    });
+    form->mnuCalendar->trigger();
+    EXPECT_EQ(FormatDateMask(core().CurrentUT, "yyyy-mm-dd hh:nn:ss"), "2027-03-04 06:15:00");
+    EXPECT_EQ(station->fixed.FixedUT, core().CurrentUT);
+    EXPECT_EQ(core().Day.DayMinuteTime[0], DateSerial(2027, 3, 4));
+
+    SetBoxes("2027", "03", "04", "08", "00", "00");
+    OnNextModal([](QWidget* w) { qobject_cast<FormCalendar*>(w)->cmdCancel->click(); });
+    form->cmdCal->click();
+    // Cancelled: the date stays, the time comes from the boxes.
+    EXPECT_EQ(FormatDateMask(core().CurrentUT, "yyyy-mm-dd hh:nn:ss"), "2027-03-04 08:00:00");
+}
+
+TEST_F(CommandsTest, DateFormatIsSavedAndTheBoxesRearranged) {
+    OnNextModal([](QWidget* w) {
+        auto* f = qobject_cast<FormDateFormat*>(w);
+        ASSERT_NE(f, nullptr);
+        EXPECT_EQ(f->windowTitle(), "Select a Date Format");
+        ASSERT_EQ(f->OptDFormat.size(), 3);
+        EXPECT_TRUE(f->OptDFormat[0]->isChecked());
+        EXPECT_EQ(f->OptDFormat[1]->text(), "MM / DD / YYYY");
+        f->OptDFormat[1]->setChecked(true);
+        f->cmdOK->click();
+    });
+    form->findChild<QAction*>("mnuDateFormat")->trigger();
+    EXPECT_EQ(core().DateFormatChoice, 1);
+    EXPECT_EQ(settings->get("Settings", "DFormat"), "1");
+    EXPECT_EQ(form->LBLDateFormat->text(), "MM  DD  YYYY");
+    EXPECT_LT(form->txtM->x(), form->txtD->x());
+    EXPECT_LT(form->txtD->x(), form->txtY->x());
+}
+
+TEST_F(CommandsTest, CloseFormsSparesTheObserverAndPictureStore) {
+    QWidget other, observer, pictures;
+    observer.setObjectName("FormObserver");
+    pictures.setObjectName("Form8");
+    for (QWidget* w : {&other, &observer, &pictures}) w->show();
+    form->CloseForms();
+    EXPECT_FALSE(other.isVisible());
+    EXPECT_TRUE(observer.isVisible());
+    EXPECT_TRUE(pictures.isVisible());
+}
+
+TEST_F(CommandsTest, WindowMenuBringsAViewWindowBack) {
+    QWidget view;
+    view.show();
+    QAction* item = form->findChild<QAction*>("MnuSkyMap");
+    QAction* entry = form->findChild<QAction*>("MnuWindowSkyMap");
+    EXPECT_FALSE(entry->isEnabled());
+    form->RegisterViewWindow(&view, item, entry);
+    EXPECT_TRUE(item->isChecked());
+    EXPECT_TRUE(entry->isEnabled());
+    view.hide();
+    entry->trigger();
+    EXPECT_TRUE(view.isVisible());
+}
+
+TEST_F(CommandsTest, HelpMenuOpensTheHelpPageAndSaysWhenItCannot) {
+    form->findChild<QAction*>("mnuHTMLHelp")->trigger();
+    ASSERT_EQ(desktop.opened.size(), 1);
+    EXPECT_EQ(desktop.opened[0], programDir + "gethelp.htm");
+    desktop.succeed = false;
+    form->findChild<QAction*>("mnuOnLineHelp")->trigger();
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].title, "Browser Error");
+    EXPECT_EQ(dialogs.messages[0].icon, MsgIcon::Critical);
+}

@@ -1,1 +1,237 @@
+// The About window, the directory chooser and the help commands, driven offscreen through
+// their named controls, with the desktop and the message boxes recorded.
+#include "about_window.h"
+#include "dir_list_window.h"
+#include "help_commands.h"
+#include "station.h"
+
 #include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileSystemModel>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTreeView>
+
+#include <memory>
+
+using namespace tarvelle;
+
+namespace {
+
+const QString kBrowserError =
+    "There was a problem launching your default Web Browser, please check  your Web Browser and try again";
+
+class ShellWindowsTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir.isValid());
+        programDir = dir.path() + "/";
+        settings = std::make_unique<SettingsStore>(dir.filePath("s.ini"));
+        station = std::make_unique<Station>(*settings, clock, dialogs, desktop, programDir);
+    }
+
+    QString Path(const QString& relative) const { return dir.filePath(relative); }
+
+    void ExpectOneBrowserError() const {
+        ASSERT_EQ(dialogs.messages.size(), 1u);
+        EXPECT_EQ(dialogs.messages[0].text, kBrowserError);
+        EXPECT_EQ(dialogs.messages[0].title, "Browser Error");
+        EXPECT_EQ(dialogs.messages[0].icon, MsgIcon::Critical);
+    }
+
+    QTemporaryDir dir;
+    QString programDir;
+    std::unique_ptr<SettingsStore> settings;
+    FakeClock clock;
+    ScriptedDialogs dialogs;
+    RecordingDesktop desktop;
+    std::unique_ptr<Station> station;
+};
+
+} // namespace
+
+TEST_F(ShellWindowsTest, HtmlHelpOpensTheStoredPageOrTheBundledOne) {
+    ShowHtmlHelp(*station);
+    settings->save("Settings", "HelpFilePath", "/srv/station/help/index.htm");
+    ShowHtmlHelp(*station);
+    EXPECT_EQ(desktop.opened, QStringList({programDir + "gethelp.htm", "/srv/station/help/index.htm"}));
+    EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(ShellWindowsTest, HelpThatTheSystemRefusesIsReported) {
+    desktop.succeed = false;
+    ShowHtmlHelp(*station);
+    ExpectOneBrowserError();
+
+    dialogs.messages.clear();
+    ShowOnlineHelp(*station);
+    ExpectOneBrowserError();
+    ASSERT_EQ(desktop.opened.size(), 2);
+    EXPECT_TRUE(desktop.opened[1].startsWith("http")) << desktop.opened[1].toStdString();
+    EXPECT_EQ(desktop.opened[1], MakerWebAddress());
+}
+
+TEST_F(ShellWindowsTest, OpenDocumentIsTrueWhenRefused) {
+    EXPECT_FALSE(OpenDocument(desktop, "/tmp/a.htm"));
+    desktop.succeed = false;
+    EXPECT_TRUE(OpenDocument(desktop, "/tmp/a.htm"));
+}
+
+TEST_F(ShellWindowsTest, AboutShowsTitleVersionIconAndClosesOnOK) {
+    FormAbout about(*station, "3.8.2");
+    EXPECT_EQ(about.objectName(), "FormAbout");
+    EXPECT_EQ(about.windowTitle(), "About Tarvelle 3.8.2");
+    auto* version = about.findChild<QLabel*>("LabelVersion");
+    ASSERT_NE(version, nullptr);
+    EXPECT_EQ(version->text(), "3.8.2");
+    EXPECT_TRUE(about.findChild<QLabel*>("LabelTitle")->text().contains("Tarvelle"));
+    auto* link = about.findChild<QLabel*>("Label8");
+    ASSERT_NE(link, nullptr);
+    EXPECT_TRUE(link->text().contains(MakerWebAddress().toHtmlEscaped()));
+    // The application icon comes from the compiled-in resources.
+    auto* image = about.findChild<QLabel*>("Image1");
+    ASSERT_NE(image, nullptr);
+    EXPECT_FALSE(image->pixmap().isNull());
+    const QString credits = about.findChild<QLabel*>("LabelCredits")->text();
+    for (const char* source : {"tz database", "NASA", "Bright Star Catalogue", "Qt"})
+        EXPECT_TRUE(credits.contains(source)) << source;
+
+    about.show();
+    auto* ok = about.findChild<QPushButton*>("Command1");
+    ASSERT_NE(ok, nullptr);
+    EXPECT_EQ(ok->text(), "OK");
+    QTest::mouseClick(ok, Qt::LeftButton);
+    EXPECT_EQ(about.result(), QDialog::Accepted);
+    EXPECT_FALSE(about.isVisible());
+    EXPECT_TRUE(desktop.opened.isEmpty());
+}
+
+TEST_F(ShellWindowsTest, AboutLinkOpensTheWebAddressOrReports) {
+    FormAbout about(*station, "3.8.2");
+    about.show();
+    auto* link = about.findChild<QLabel*>("Label8");
+    QTest::mouseClick(link, Qt::LeftButton);
+    EXPECT_EQ(desktop.opened, QStringList{MakerWebAddress()});
+    EXPECT_TRUE(dialogs.messages.empty());
+
+    desktop.succeed = false;
+    QTest::mouseClick(link, Qt::LeftButton);
+    ExpectOneBrowserError();
+    EXPECT_TRUE(about.isVisible()); // the window stays
+
+    QTest::mouseClick(link, Qt::RightButton); // only the left button follows the link
+    EXPECT_EQ(desktop.opened.size(), 2);
+}
+
+TEST_F(ShellWindowsTest, DirListStartsFromSelectedDir) {
+    ASSERT_TRUE(QDir().mkpath(Path("Antennas/yagi")));
+    station->SelectedDir = Path("Antennas");
+    FormDirList chooser(*station);
+    EXPECT_EQ(chooser.objectName(), "FormDirList");
+    EXPECT_EQ(chooser.windowTitle(), "Select a Directory");
+    EXPECT_EQ(chooser.Label1->text(), "Double Click Directory to Select It.");
+    EXPECT_EQ(chooser.txtPath->text(), Path("Antennas"));
+    EXPECT_EQ(chooser.Dir1Path(), Path("Antennas"));
+    // The program folder holds it more closely than the file system's root does.
+    EXPECT_EQ(chooser.Drive1->currentData().toString(), QDir::cleanPath(programDir));
+    EXPECT_EQ(chooser.Dir1Root(), QDir::cleanPath(programDir));
+
+    // A change in the tree puts its folder in the box.
+    auto* model = qobject_cast<QFileSystemModel*>(chooser.Dir1->model());
+    ASSERT_NE(model, nullptr);
+    chooser.Dir1->setCurrentIndex(model->index(Path("Antennas/yagi")));
+    EXPECT_EQ(chooser.txtPath->text(), Path("Antennas/yagi"));
+}
+
+TEST_F(ShellWindowsTest, DirListKeepsAFolderStillToBeMadeInTheBox) {
+    station->SelectedDir = Path("Logs/2026");
+    FormDirList chooser(*station);
+    EXPECT_EQ(chooser.txtPath->text(), Path("Logs/2026"));
+    EXPECT_EQ(chooser.Dir1Path(), QDir::cleanPath(dir.path())); // the nearest folder that exists
+}
+
+TEST_F(ShellWindowsTest, DirListDriveChangeMovesTheTree) {
+    station->SelectedDir = dir.path();
+    FormDirList chooser(*station);
+    const int root = chooser.Drive1->findData(QStringLiteral("/"));
+    ASSERT_GE(root, 0);
+    chooser.Drive1->setCurrentIndex(root);
+    emit chooser.Drive1->activated(root);
+    EXPECT_EQ(chooser.Dir1Root(), "/");
+    EXPECT_EQ(chooser.txtPath->text(), "/");
+    const int home = chooser.Drive1->findData(QDir::cleanPath(QDir::homePath()));
+    ASSERT_GE(home, 0);
+    emit chooser.Drive1->activated(home);
+    EXPECT_EQ(chooser.txtPath->text(), QDir::cleanPath(QDir::homePath()));
+}
+
+TEST_F(ShellWindowsTest, DirListOKTakesAnExistingOrNewFolder) {
+    ASSERT_TRUE(QDir().mkpath(Path("a")));
+    ASSERT_TRUE(QDir().mkpath(Path("b")));
+    station->SelectedDir = Path("a");
+    {
+        FormDirList chooser(*station);
+        chooser.show();
+        chooser.txtPath->setText(Path("b"));
+        QTest::mouseClick(chooser.OKButton, Qt::LeftButton);
+        EXPECT_EQ(station->SelectedDir, Path("b"));
+        EXPECT_EQ(chooser.result(), QDialog::Accepted);
+    }
+    {
+        FormDirList chooser(*station);
+        chooser.show();
+        chooser.txtPath->setText(Path("new/deeper"));
+        QTest::mouseClick(chooser.OKButton, Qt::LeftButton);
+        EXPECT_TRUE(QFileInfo(Path("new/deeper")).isDir());
+        EXPECT_EQ(station->SelectedDir, Path("new/deeper"));
+        EXPECT_EQ(chooser.result(), QDialog::Accepted);
+    }
+    EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(ShellWindowsTest, DirListDoubleClickSelectsLikeOK) {
+    ASSERT_TRUE(QDir().mkpath(Path("a/picked")));
+    station->SelectedDir = Path("a");
+    FormDirList chooser(*station);
+    chooser.show();
+    auto* model = qobject_cast<QFileSystemModel*>(chooser.Dir1->model());
+    emit chooser.Dir1->doubleClicked(model->index(Path("a/picked")));
+    EXPECT_EQ(station->SelectedDir, Path("a/picked"));
+    EXPECT_EQ(chooser.result(), QDialog::Accepted);
+}
+
+TEST_F(ShellWindowsTest, DirListFolderThatCannotBeMadeIsReported) {
+    QFile plain(Path("plain"));
+    ASSERT_TRUE(plain.open(QIODevice::WriteOnly));
+    plain.close();
+    station->SelectedDir = dir.path();
+    FormDirList chooser(*station);
+    chooser.show();
+    chooser.txtPath->setText(Path("plain/sub"));
+    QTest::mouseClick(chooser.OKButton, Qt::LeftButton);
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_TRUE(dialogs.messages[0].text.startsWith("There was an error: could not create folder " +
+                                                    Path("plain/sub")))
+        << dialogs.messages[0].text.toStdString();
+    EXPECT_EQ(station->SelectedDir, dir.path());
+    EXPECT_TRUE(chooser.isVisible());
+    EXPECT_NE(chooser.result(), QDialog::Accepted);
+}
+
+TEST_F(ShellWindowsTest, DirListCancelKeepsSelectedDir) {
+    ASSERT_TRUE(QDir().mkpath(Path("other")));
+    station->SelectedDir = dir.path();
+    FormDirList chooser(*station);
+    chooser.show();
+    chooser.txtPath->setText(Path("other"));
+    QTest::mouseClick(chooser.CancelButton, Qt::LeftButton);
+    EXPECT_EQ(station->SelectedDir, dir.path());
+    EXPECT_EQ(chooser.result(), QDialog::Rejected);
+    EXPECT_FALSE(chooser.isVisible());
+}

@@ -1,0 +1,93 @@
+#include "time_entry.h"
+
+#include "date_value.h"
+#include "numeric.h"
+#include "text_forms.h"
+
+#include <cmath>
+
+namespace tarvelle {
+
+namespace {
+
+// A box read as a whole number.
+double WholeValue(const std::string& box) { return RoundHalfEven(ValueOfText(box)); }
+
+// DateSerial of values typed by a user: beyond the range of dates the program can hold, it
+// fails as date arithmetic does.
+std::optional<double> CheckedDate(double year, double month, double day) {
+    if (std::fabs(month) > 1e6 || std::fabs(day) > 1e7) return std::nullopt;
+    const double t = DateSerial(static_cast<int>(year), static_cast<int>(month), static_cast<int>(day));
+    const int y = FieldsOf(t).year;
+    if (y < 100 || y > 9999) return std::nullopt;
+    return t;
+}
+
+} // namespace
+
+void PutDateInBoxes(DateTimeBoxes& boxes, double t) {
+    boxes.Y = FormatDateMask(t, "yyyy");
+    boxes.M = FormatDateMask(t, "mm");
+    boxes.D = FormatDateMask(t, "dd");
+}
+
+void PutTimeInBoxes(DateTimeBoxes& boxes, double t) {
+    boxes.H = FormatDateMask(t, "hh");
+    boxes.N = FormatDateMask(t, "nn");
+    boxes.S = FormatDateMask(t, "ss");
+}
+
+double DateFromBoxes(DateTimeBoxes& boxes, double today, std::vector<std::string>& messages) {
+    if (ValueOfText(boxes.M) < 1.0 || ValueOfText(boxes.D) < 1.0) {
+        messages.emplace_back("Invalid Day or Month - Using Todays Date Instead.");
+        PutDateInBoxes(boxes, today);
+    }
+    const double year = ValueOfText(boxes.Y);
+    if (year < 1900.0 || year > 3000.0) {
+        messages.emplace_back("Invalid Year {1900-3000} - Using Todays Date Instead.");
+        PutDateInBoxes(boxes, today);
+    }
+    if (const auto t = CheckedDate(WholeValue(boxes.Y), WholeValue(boxes.M), WholeValue(boxes.D))) return *t;
+    messages.emplace_back("Date Error: \nInvalid procedure call or argument\nUsing todays date instead.");
+    PutDateInBoxes(boxes, today);
+    return today;
+}
+
+double TimeFromBoxes(DateTimeBoxes& boxes) {
+    auto clamp = [](std::string& box, double high, const char* highText) {
+        const double v = ValueOfText(box);
+        if (v < 0.0) box = "00";
+        else if (v > high) box = highText;
+    };
+    clamp(boxes.H, 23.0, "23");
+    clamp(boxes.N, 59.0, "59");
+    clamp(boxes.S, 59.0, "59");
+    return TimeSerial(WholeValue(boxes.H), WholeValue(boxes.N), WholeValue(boxes.S));
+}
+
+std::optional<std::string> NormaliseTimeText(const std::string& text) {
+    const std::string t = Trim(text);
+    if (t.size() < 4) return std::nullopt;
+    if (t.find_first_not_of("0123456789:.") != std::string::npos) return std::nullopt;
+    const size_t first = t.find(':');
+    const size_t second = first == std::string::npos ? std::string::npos : t.find(':', first + 1);
+    // Positions count from 1: the first ":" at 2 or later, the second at 4 or later.
+    if (first == std::string::npos || first + 1 < 2 || second == std::string::npos || second + 1 < 4)
+        return std::nullopt;
+    std::string parts[3] = {t.substr(0, first), t.substr(first + 1, second - first - 1), t.substr(second + 1)};
+    for (std::string& p : parts)
+        while (p.size() < 2) p.insert(p.begin(), '0');
+    const double limits[3] = {23.0, 59.0, 59.0};
+    for (int i = 0; i < 3; ++i) {
+        const std::string& p = parts[i];
+        // Each part must read as a number in its range; hours and minutes are whole, and a
+        // ":" left in the seconds makes the time unreadable.
+        if (p.find(':') != std::string::npos || p.find('.') != p.rfind('.')) return std::nullopt;
+        if (i < 2 && p.find('.') != std::string::npos) return std::nullopt;
+        const double v = ValueOfText(p);
+        if (v < 0.0 || v > limits[i]) return std::nullopt;
+    }
+    return parts[0] + ":" + parts[1] + ":" + parts[2];
+}
+
+} // namespace tarvelle
