@@ -4,6 +4,8 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 
 namespace tarvelle {
 
@@ -102,6 +104,11 @@ QString QtDialogs::ChooseDirectory(const QString& title, const QString& start) {
     return QFileDialog::getExistingDirectory(parent, title, start);
 }
 
+bool QtDialogs::ChoosePrinter(QPrinter& printer) {
+    QPrintDialog dialog(&printer, parent_ ? parent_ : QApplication::activeWindow());
+    return dialog.exec() == QDialog::Accepted;
+}
+
 MsgAnswer ScriptedDialogs::Message(const QString& text, const QString& title, MsgButtons buttons,
                                    MsgIcon icon) {
     messages.push_back({text, title, buttons, icon});
@@ -130,6 +137,14 @@ QString ScriptedDialogs::SaveFile(const QString&, const QString&, const QString&
 }
 QString ScriptedDialogs::ChooseDirectory(const QString&, const QString&) {
     return NextPath();
+}
+
+bool ScriptedDialogs::ChoosePrinter(QPrinter& printer) {
+    ++printDialogs;
+    if (printToPdf.isEmpty()) return false;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(printToPdf);
+    return true;
 }
 
 } // namespace tarvelle

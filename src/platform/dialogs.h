@@ -7,6 +7,7 @@
 #include <optional>
 #include <vector>
 
+class QPrinter;
 class QWidget;
 
 namespace tarvelle {
@@ -27,6 +28,8 @@ public:
     virtual QString OpenFile(const QString& title, const QString& filter, const QString& start) = 0;
     virtual QString SaveFile(const QString& title, const QString& filter, const QString& start) = 0;
     virtual QString ChooseDirectory(const QString& title, const QString& start) = 0;
+    // The system's print dialog for the printer; false when cancelled.
+    virtual bool ChoosePrinter(QPrinter& printer) = 0;
 };
 
 // The real dialogs, modal over the given parent (the active window when null).
@@ -39,6 +42,7 @@ public:
     QString OpenFile(const QString& title, const QString& filter, const QString& start) override;
     QString SaveFile(const QString& title, const QString& filter, const QString& start) override;
     QString ChooseDirectory(const QString& title, const QString& start) override;
+    bool ChoosePrinter(QPrinter& printer) override;
 
     // "Observer File|*.obs|Any|*.*" as a Qt name filter.
     static QString QtFilter(const QString& filter);
@@ -60,6 +64,9 @@ public:
     std::vector<std::optional<QString>> inputs; // taken in order; cancel once they run out
     size_t nextInput = 0;
     QStringList paths; // file and directory answers in order; "" cancels
+    // Print dialogs: cancelled when empty, else the printer writes a PDF to this path.
+    QString printToPdf;
+    int printDialogs = 0;
 
     MsgAnswer Message(const QString& text, const QString& title, MsgButtons buttons, MsgIcon icon) override;
     std::optional<QString> Input(const QString& prompt, const QString& title,
@@ -67,6 +74,7 @@ public:
     QString OpenFile(const QString& title, const QString& filter, const QString& start) override;
     QString SaveFile(const QString& title, const QString& filter, const QString& start) override;
     QString ChooseDirectory(const QString& title, const QString& start) override;
+    bool ChoosePrinter(QPrinter& printer) override;
 
 private:
     QString NextPath();

@@ -395,7 +395,8 @@ void Form1::Load() {
     core_.DateFormatChoice = static_cast<int>(
         RoundHalfEven(PlainNumber(st_.settings.get("Settings", "DFormat", "0").toStdString())));
 
-    st_.modes.ModeFileName = st_.settings.get("Startup", "ModeFileName", st_.programDir + "UFMODES.JMF");
+    st_.modes.ModeFileName =
+        st_.settings.get("Startup", "ModeFileName", st_.programDir + "UFMODES.JMF").toStdString();
     core_.UseGMT = StoredBool(st_.settings.get("Startup", "UseGMT", "True").toStdString());
     core_.ObFileName = st_.settings.get("Startup", "ObFileName", st_.programDir + "viewer.obs").toStdString();
     core_.UseDetectedTZ = StoredBool(st_.settings.get("Startup", "UseDetectedTZ", "True").toStdString());
@@ -443,7 +444,7 @@ void Form1::Timer1Tick() {
         st_.automation.DoneToday = false;
     }
     if (lastMinute_ != now.minute && st_.modes.ModesLoaded) {
-        if (now.day != st_.modes.ActivityDayOfMonth) UpdateTodayActivity();
+        if (now.day != st_.activity.ActivityDayOfMonth) UpdateTodayActivity();
         const AutomationLimits& a = st_.automation;
         if (!a.UseJupAlt || (core_.JupAlt > a.JupAlt1 && !(core_.JupAlt > a.JupAlt2))) VisualAlert();
         AutomationMonitor();

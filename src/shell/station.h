@@ -7,6 +7,7 @@
 #include "desktop.h"
 #include "dialogs.h"
 #include "fixed_snapshot.h"
+#include "prediction_state.h"
 #include "settings_store.h"
 
 #include <QString>
@@ -28,20 +29,15 @@ struct ServerSchedule {
     double LastJISSend = 0.0; // computer's clock at the last push
 };
 
-// The mode file as far as the station window needs it.
-struct ModeState {
-    bool ModesLoaded = false;
-    QString ModeFileName;
-    int ActivityDayOfMonth = 0;
-};
-
 struct Station {
     Station(SettingsStore& s, ClockSource& c, Dialogs& d, Desktop& k, QString dir)
         : settings(s), clock(c), dialogs(d), desktop(k), programDir(std::move(dir)) {}
 
     Core core;
     FixedSnapshot fixed;
-    ModeState modes;
+    ModeTableState modes;
+    MinuteTables minutes;
+    ActivityState activity;
     AutomationLimits automation;
     ServerSchedule server;
 

@@ -75,7 +75,7 @@ TEST_F(Form1Test, StartUpOnAnEmptyStoreTakesTheDefaults) {
     EXPECT_TRUE(core().RealTimeMode);
     EXPECT_EQ(core().DisplayWest, "W");
     EXPECT_EQ(core().DateFormatChoice, 0);
-    EXPECT_EQ(station->modes.ModeFileName, programDir + "UFMODES.JMF");
+    EXPECT_EQ(QString::fromStdString(station->modes.ModeFileName), programDir + "UFMODES.JMF");
     EXPECT_EQ(QString::fromStdString(core().ObFileName), programDir + "viewer.obs");
     EXPECT_EQ(core().DetectedTZ, -5.0);
     EXPECT_EQ(core().SystemClockTZ, -5.0);

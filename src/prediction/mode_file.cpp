@@ -1,0 +1,1 @@
+#include "mode_file.h"

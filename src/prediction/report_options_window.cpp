@@ -1,0 +1,1 @@
+#include "report_options_window.h"
