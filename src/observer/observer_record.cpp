@@ -83,6 +83,13 @@ bool ReadItem(const std::string& all, size_t& pos, std::string& item) {
     return true;
 }
 
+// Takes a leading "-" off the text: -1 if there was one, else 1.
+double TakeMinus(std::string& body) {
+    if (body.empty() || body[0] != '-') return 1.0;
+    body.erase(0, 1);
+    return -1.0;
+}
+
 } // namespace
 
 double ParseNumberComma(std::string& text) {
@@ -94,11 +101,7 @@ double ParseNumberComma(std::string& text) {
 double ParseLatitude(std::string& text) {
     text = Trim(text);
     std::string body = text;
-    double sign = 1.0;
-    if (!body.empty() && body[0] == '-') {
-        sign = -1.0;
-        body.erase(0, 1);
-    }
+    const double sign = TakeMinus(body);
     const size_t first = body.find(':');
     if (first == std::string::npos) return ParseNumberComma(body) * sign;
     const size_t second = body.find(':', first + 1);
@@ -109,11 +112,7 @@ double ParseLatitude(std::string& text) {
 double ParseLongitude(std::string& text) {
     text = Trim(text);
     std::string body = text;
-    double sign = 1.0;
-    if (!body.empty() && body[0] == '-') {
-        sign = -1.0;
-        body.erase(0, 1);
-    }
+    const double sign = TakeMinus(body);
     if (!body.empty() && body[0] == '+') body.erase(0, 1);
     const size_t first = body.find(':');
     if (first == std::string::npos) return ValueOfText(body) * sign; // no range test

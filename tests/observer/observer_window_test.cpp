@@ -1,6 +1,7 @@
 // FormObserver driven through its named controls, with messages read from the dialog double.
 #include "date_value.h"
 #include "observer_window.h"
+#include "station_test.h"
 
 #include <gtest/gtest.h>
 
@@ -26,15 +27,10 @@ void MoveOver(QWidget* w, QPoint p) {
     QCoreApplication::sendEvent(w, &move);
 }
 
-class FormObserverTest : public ::testing::Test {
+class FormObserverTest : public StationTest {
 protected:
     void SetUp() override {
-        programDir = dir.path() + "/";
-        Write("viewer.obs", "\"39:15:00.0\"\r\n\"76:30:00.0\"\r\n\"-5\"\r\n");
-        settings = std::make_unique<SettingsStore>(dir.filePath("s.ini"));
-        clock.local = DateSerial(2026, 11, 22) + TimeSerial(15, 30, 0);
-        clock.biasHours = 5.0;
-        station = std::make_unique<Station>(*settings, clock, dialogs, desktop, programDir);
+        StationTest::SetUp();
         Core& c = station->core;
         c.ObFileName = (programDir + "viewer.obs").toStdString();
         c.ObsLatitude = 39.25f;
@@ -47,29 +43,14 @@ protected:
         c.BuildDayTables(c.CurrentUT);
         form = std::make_unique<FormObserver>(*station, [this] { ++closeForms; });
     }
-    void Write(const char* name, const char* content) {
-        QFile f(programDir + name);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(content);
-    }
-    QString Read(const QString& path) {
-        QFile f(path);
-        return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
-    }
-    Core& core() { return station->core; }
+    void Write(const char* name, const char* content) { WriteFile(name, content); }
+    QString Read(const QString& path) { return ReadFile(path); }
     bool Apply() {
         bool done = false;
         form->UpdateValues(done);
         return done;
     }
 
-    QTemporaryDir dir;
-    QString programDir;
-    std::unique_ptr<SettingsStore> settings;
-    FakeClock clock;
-    ScriptedDialogs dialogs;
-    RecordingDesktop desktop;
-    std::unique_ptr<Station> station;
     std::unique_ptr<FormObserver> form;
     int closeForms = 0;
 };

@@ -3,6 +3,7 @@
 #include "date_format_window.h"
 #include "date_value.h"
 #include "main_window.h"
+#include "station_test.h"
 #include "time_entry.h"
 
 #include <gtest/gtest.h>
@@ -94,22 +95,13 @@ TEST(TimeEntry, TypedTimesAreNormalisedOrRefused) {
 
 namespace {
 
-class CommandsTest : public ::testing::Test {
+class CommandsTest : public StationTest {
 protected:
     void SetUp() override {
-        programDir = dir.path() + "/";
-        QFile f(programDir + "viewer.obs");
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write("\"39:15:00.0\"\r\n\"76:30:00.0\"\r\n\"-5\"\r\n");
-        f.close();
-        settings = std::make_unique<SettingsStore>(dir.filePath("s.ini"));
-        clock.local = DateSerial(2026, 11, 22) + TimeSerial(15, 30, 0);
-        clock.biasHours = 5.0;
-        station = std::make_unique<Station>(*settings, clock, dialogs, desktop, programDir);
+        StationTest::SetUp();
         form = std::make_unique<Form1>(*station);
         form->Load();
     }
-    Core& core() { return station->core; }
     QString Boxes() const {
         return form->txtY->text() + "-" + form->txtM->text() + "-" + form->txtD->text() + " " + form->txtH->text() + ":" +
                form->txtN->text() + ":" + form->txtS->text();
@@ -123,13 +115,6 @@ protected:
         form->txtS->setText(s);
     }
 
-    QTemporaryDir dir;
-    QString programDir;
-    std::unique_ptr<SettingsStore> settings;
-    FakeClock clock;
-    ScriptedDialogs dialogs;
-    RecordingDesktop desktop;
-    std::unique_ptr<Station> station;
     std::unique_ptr<Form1> form;
 };
 

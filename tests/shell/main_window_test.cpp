@@ -1,6 +1,7 @@
 // Form1 driven offscreen through its named controls, with a clock the test sets.
 #include "date_value.h"
 #include "main_window.h"
+#include "station_test.h"
 #include "text_forms.h"
 
 #include <gtest/gtest.h>
@@ -21,24 +22,8 @@ using namespace tarvelle;
 
 namespace {
 
-class Form1Test : public ::testing::Test {
+class Form1Test : public StationTest {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(dir.isValid());
-        programDir = dir.path() + "/";
-        WriteObserver("\"39:15:00.0\"\r\n\"76:30:00.0\"\r\n\"-5\"\r\n");
-        settings = std::make_unique<SettingsStore>(dir.filePath("settings.ini"));
-        clock.local = DateSerial(2026, 11, 22) + TimeSerial(15, 30, 0);
-        clock.biasHours = 5.0; // the computer runs five hours west of Greenwich
-        station = std::make_unique<Station>(*settings, clock, dialogs, desktop, programDir);
-    }
-
-    void WriteObserver(const char* content) {
-        QFile f(programDir + "viewer.obs");
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(content);
-    }
-
     Form1& LoadForm() {
         form = std::make_unique<Form1>(*station);
         form->Load();
@@ -47,15 +32,7 @@ protected:
 
     QString Text(const char* name) const { return form->findChild<QLabel*>(name)->text(); }
     QString Box(const char* name) const { return form->findChild<QLineEdit*>(name)->text(); }
-    Core& core() { return station->core; }
 
-    QTemporaryDir dir;
-    QString programDir;
-    std::unique_ptr<SettingsStore> settings;
-    FakeClock clock;
-    ScriptedDialogs dialogs;
-    RecordingDesktop desktop;
-    std::unique_ptr<Station> station;
     std::unique_ptr<Form1> form;
 };
 

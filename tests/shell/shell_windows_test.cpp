@@ -5,6 +5,8 @@
 #include "help_commands.h"
 #include "station.h"
 
+#include "station_test.h"
+
 #include <gtest/gtest.h>
 
 #include <QComboBox>
@@ -27,15 +29,8 @@ namespace {
 const QString kBrowserError =
     "There was a problem launching your default Web Browser, please check  your Web Browser and try again";
 
-class ShellWindowsTest : public ::testing::Test {
+class ShellWindowsTest : public StationTest {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(dir.isValid());
-        programDir = dir.path() + "/";
-        settings = std::make_unique<SettingsStore>(dir.filePath("s.ini"));
-        station = std::make_unique<Station>(*settings, clock, dialogs, desktop, programDir);
-    }
-
     QString Path(const QString& relative) const { return dir.filePath(relative); }
 
     void ExpectOneBrowserError() const {
@@ -44,14 +39,6 @@ protected:
         EXPECT_EQ(dialogs.messages[0].title, "Browser Error");
         EXPECT_EQ(dialogs.messages[0].icon, MsgIcon::Critical);
     }
-
-    QTemporaryDir dir;
-    QString programDir;
-    std::unique_ptr<SettingsStore> settings;
-    FakeClock clock;
-    ScriptedDialogs dialogs;
-    RecordingDesktop desktop;
-    std::unique_ptr<Station> station;
 };
 
 } // namespace
