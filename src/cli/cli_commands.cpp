@@ -3,14 +3,22 @@
 #include "astro_core.h"
 #include "clock_source.h"
 #include "date_value.h"
+#include "dialogs.h"
+#include "event_report.h"
+#include "mode_file.h"
+#include "numeric.h"
 #include "observer_record.h"
+#include "prediction.h"
 #include "program_directory.h"
 #include "readout.h"
 #include "text_forms.h"
 
 #include <cstdio>
+#include <fstream>
 #include <map>
+#include <memory>
 #include <optional>
+#include <set>
 #include <stdexcept>
 
 namespace tarvelle {
@@ -25,6 +33,12 @@ constexpr const char* kUsage =
     "usage: tarvelle-cli positions --ut \"YYYY-MM-DD HH:MM:SS\" [observer]\n"
     "       tarvelle-cli daytables --date YYYY-MM-DD [observer]\n"
     "       tarvelle-cli readout [--ut \"YYYY-MM-DD HH:MM:SS\"] [observer]\n"
+    "       tarvelle-cli predict --date YYYY-MM-DD [--modes FILE] [exclusions] [--tables] [observer]\n"
+    "       tarvelle-cli report --from YYYY-MM-DD --to YYYY-MM-DD --out FILE [--modes FILE]\n"
+    "                    [--min-duration N] [--no-header] [--io-only] [--no-none] [--hour-angle]\n"
+    "                    [--date-format 0|1|2] [exclusions] [observer]\n"
+    "exclusions: --jup-alt-min X --sun-alt-max Y --min-ha H --max-ha H (texts as typed; defaults 0 0 -6 6)\n"
+    "modes: default UFMODES.JMF of the program directory, else of the bundled data\n"
     "observer: --observer FILE, or --lat TEXT --lng TEXT --tz HOURS (longitude west);\n"
     "          default: viewer.obs of the program directory";
 
@@ -40,13 +54,22 @@ std::string Single(float v) {
     return buf;
 }
 
+constexpr const char* kVersionText = "3.8.2";
+
 using Options = std::map<std::string, std::string>;
+
+// Options that stand alone, without a value.
+const std::set<std::string> kFlags = {"--tables", "--no-header", "--io-only", "--no-none", "--hour-angle"};
 
 Options ParseOptions(const std::vector<std::string>& args, size_t from) {
     Options options;
     for (size_t i = from; i < args.size(); ++i) {
         const std::string& a = args[i];
         if (a.rfind("--", 0) != 0) throw UsageError("unexpected argument '" + a + "'");
+        if (kFlags.count(a)) {
+            options[a.substr(2)] = "1";
+            continue;
+        }
         if (i + 1 >= args.size()) throw UsageError("option " + a + " needs a value");
         options[a.substr(2)] = args[++i];
     }
@@ -195,6 +218,116 @@ int Readout(const Options& options, std::ostream& out) {
     return 0;
 }
 
+
+std::string TextOption(const Options& options, const char* key, const char* fallback) {
+    const auto it = options.find(key);
+    return it == options.end() ? fallback : it->second;
+}
+
+// The mode file named by --modes, else UFMODES.JMF of the program directory, else the bundled one.
+void LoadModes(ModeTableState& modes, const Options& options) {
+    std::string path;
+    if (options.count("modes")) {
+        path = options.at("modes");
+    } else {
+        path = (DefaultProgramDirectory() + "UFMODES.JMF").toStdString();
+        if (!FileExists(path)) path = (BundledDataDirectory() + "/UFMODES.JMF").toStdString();
+    }
+    modes.ModeFileName = path;
+    ScriptedDialogs quiet;
+    int status = 0;
+    LoadModeFile(modes, status, quiet);
+    if (status != 0 || !modes.ModesLoaded)
+        throw UsageError("cannot read mode file " + path + " (error " + std::to_string(status) + ")");
+}
+
+ReportExclusions Exclusions(const Options& options) {
+    return ExclusionsFromTexts(TextOption(options, "jup-alt-min", "0"), TextOption(options, "sun-alt-max", "0"),
+                               TextOption(options, "min-ha", "-6"), TextOption(options, "max-ha", "6"));
+}
+
+// The prediction window's grid after a prediction of the date, and with --tables the day's
+// minute tables and ModeActivity.
+int Predict(const Options& options, std::ostream& out) {
+    RequireOnly(options, {"date", "modes", "jup-alt-min", "sun-alt-max", "min-ha", "max-ha", "tables", "observer",
+                          "lat", "lng", "tz"});
+    Core core;
+    LoadObserver(core, options);
+    const double date = RequireInstant(options, "date", false);
+    if (FieldsOf(date).year < 1900) throw UsageError("Dates Prior to 1900 are not permitted.");
+    ModeTableState modes;
+    LoadModes(modes, options);
+
+    MinuteTables tables;
+    const auto activity = std::make_unique<ActivityTable>();
+    PredictionGrid grid;
+    core.CurrentUT = date;
+    PredictDay(core, modes, Exclusions(options), tables, *activity, grid, date);
+
+    for (int r = 0; r < grid.Rows; ++r) {
+        for (int c = 0; c < kGridColumns; ++c) out << (c > 0 ? "\t" : "") << grid.Text(r, c);
+        out << '\n';
+    }
+    if (!options.count("tables")) return 0;
+    const int n = modes.PredictedModes();
+    out << "\nm,MinuteCML,MinuteIo,MinuteSunAlt,MinuteJupAlt,MinuteJupHA";
+    for (int i = 1; i <= n; ++i) out << ",ModeActivity" << i;
+    out << '\n';
+    for (size_t m = 0; m <= static_cast<size_t>(kMinutesPerDay); ++m) {
+        out << m << ',' << tables.MinuteCML[m] << ',' << tables.MinuteIo[m] << ',' << tables.MinuteSunAlt[m] << ','
+            << tables.MinuteJupAlt[m] << ',' << Single(tables.MinuteJupHA[m]);
+        for (size_t i = 1; i <= static_cast<size_t>(n); ++i) out << ',' << (*activity)[i][m];
+        out << '\n';
+    }
+    return 0;
+}
+
+// The event report file, as the prediction window writes it for the same choices.
+int Report(const Options& options) {
+    RequireOnly(options, {"from", "to", "out", "modes", "min-duration", "no-header", "io-only", "no-none",
+                          "hour-angle", "date-format", "jup-alt-min", "sun-alt-max", "min-ha", "max-ha",
+                          "observer", "lat", "lng", "tz"});
+    Core core;
+    LoadObserver(core, options);
+    ReportOptions report;
+    report.ReportStart = RequireInstant(options, "from", false);
+    report.ReportEnd = RequireInstant(options, "to", false);
+    const int startYear = FieldsOf(report.ReportStart).year, endYear = FieldsOf(report.ReportEnd).year;
+    if (startYear > 3000 || startYear < 1900) throw UsageError("Invalid Start Year");
+    if (endYear > 3000 || endYear < 1900) throw UsageError("Invalid End Year");
+    if (report.ReportStart > report.ReportEnd)
+        throw UsageError("You entered a which occurs ending date before the start date.");
+    if (!options.count("out")) throw UsageError("--out is required");
+    const std::string path = options.at("out");
+    if (options.count("date-format")) {
+        const std::string& choice = options.at("date-format");
+        if (choice != "0" && choice != "1" && choice != "2")
+            throw UsageError("--date-format '" + choice + "' is not 0, 1 or 2");
+        core.DateFormatChoice = choice[0] - '0';
+    }
+    // A negative minimum becomes "0", as the options window sets it.
+    double minimum = ValueOfText(TextOption(options, "min-duration", "0"));
+    if (minimum < 0.0) minimum = 0.0;
+    Keep(report.ReportMinDuration, minimum);
+    report.ReportHeader = !options.count("no-header");
+    report.ReportIncludeHA = options.count("hour-angle") > 0;
+    report.ReportIoOnly = options.count("io-only") > 0;
+    report.ReportNoNONE = options.count("no-none") > 0;
+    report.jupAltMinText = TextOption(options, "jup-alt-min", "0");
+    report.sunAltMaxText = TextOption(options, "sun-alt-max", "0");
+    report.versionText = kVersionText;
+    ModeTableState modes;
+    LoadModes(modes, options);
+
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    if (!file) throw UsageError("There was an error trying to save " + path);
+    core.CurrentUT = report.ReportStart;
+    WriteEventReport(core, modes, report, Exclusions(options), file);
+    file.close();
+    if (!file) throw UsageError("There was an error trying to save " + path);
+    return 0;
+}
+
 } // namespace
 
 int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
@@ -207,6 +340,8 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
         if (args[0] == "positions") return Positions(options, out);
         if (args[0] == "daytables") return DayTablesCommand(options, out);
         if (args[0] == "readout") return Readout(options, out);
+        if (args[0] == "predict") return Predict(options, out);
+        if (args[0] == "report") return Report(options);
         throw UsageError("unknown command '" + args[0] + "'");
     } catch (const UsageError& e) {
         err << "tarvelle-cli: " << e.what() << '\n';

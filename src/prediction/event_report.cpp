@@ -1,1 +1,136 @@
 #include "event_report.h"
+
+#include "date_value.h"
+#include "text_forms.h"
+
+#include <memory>
+
+namespace tarvelle {
+
+namespace {
+
+constexpr const char* kCrLf = "\r\n";
+constexpr size_t kCellWidth = 10;
+constexpr size_t kIoOnlyWidth = 30; // the heading of one begin/end pair
+
+void PadTo(std::string& text, size_t width) {
+    if (text.size() < width) text.append(width - text.size(), ' ');
+}
+
+bool Holds(const std::string& text, const char* part) {
+    return text.find(part) != std::string::npos;
+}
+
+// The write of one line: the text and its CR LF.
+std::string Line(const std::string& text) {
+    return text + kCrLf;
+}
+
+} // namespace
+
+std::string ReportHeaderText(Core& core, const ReportOptions& o) {
+    const std::string start = core.FormatDateByChoice(o.ReportStart);
+    const std::string end = core.FormatDateByChoice(o.ReportEnd);
+    std::string heading;
+    for (char c : core.DateHeading) heading += c == '/' ? std::string("  ") : std::string(1, c);
+    std::string text;
+    text += Line(std::string("JUPITER EVENT PREDICTIONS") + kCrLf);
+    text += Line("Report Period  (GMT) " + start + "  to  " + end + "    ( " + heading + " )");
+    text += Line("Reference Coordinates:  Longitude " + core.ObLngText + " " + core.DisplayWest +
+                 "     Latitude " + core.ObLatText);
+    text += Line("Exclude times when Jupiter is below " + o.jupAltMinText + " deg.");
+    text += Line("Exclude times when Sun is above " + o.sunAltMaxText + " deg.");
+    text += Line("Include only events that last at least " + StrForm(o.ReportMinDuration) + " minutes.");
+    text += Line("Tarvelle Software Version " + o.versionText + kCrLf);
+    return text;
+}
+
+std::string ReportRowText(const PredictionGrid& grid, int row) {
+    std::string text;
+    for (int c = 0; c < kGridColumns; ++c) {
+        std::string cell = grid.Text(row, c) + " ";
+        PadTo(cell, kCellWidth);
+        if (grid.Text(row, c) == "NONE") cell += kCrLf;
+        text += cell;
+    }
+    return text;
+}
+
+std::string ReportHourAngleRow(const PredictionGrid& grid, int row, const MinuteTables& tables) {
+    std::string text;
+    for (int c = 0; c < kGridColumns; ++c) {
+        const std::string& cell = grid.Text(row, c);
+        if (cell.empty()) continue;
+        if (c == 0) {
+            text += " Hr Ang    ";
+        } else if (cell == "NONE") {
+            text += std::string(kCellWidth, ' ');
+        } else if (cell.size() >= 5 && cell[2] == ':') {
+            const int hh = static_cast<int>(ValueOfText(cell.substr(0, 2)));
+            const int mm = static_cast<int>(ValueOfText(cell.substr(3, 2)));
+            const size_t m = static_cast<size_t>(hh * 60 + mm);
+            const float ha = m < tables.MinuteJupHA.size() ? tables.MinuteJupHA[m] : 0.0f;
+            std::string value = FormatNumberMask(static_cast<double>(ha), "00.0");
+            PadTo(value, kCellWidth);
+            text += value;
+        }
+    }
+    return text;
+}
+
+std::string ReportDayBlock(double predictDate, const PredictionGrid& grid, const MinuteTables& tables,
+                           const ReportOptions& o, const std::function<void()>& afterRow) {
+    const CalendarFields f = FieldsOf(predictDate);
+    std::string block = "< Year " + std::to_string(f.year) + "   Month " + std::to_string(f.month) + "   Day " +
+                        std::to_string(f.day) + " >" + kCrLf + kCrLf;
+    for (int r = 0; r < grid.Rows; ++r) {
+        std::string text = ReportRowText(grid, r);
+        const std::string hourAngles = o.ReportIncludeHA && r > 0 ? ReportHourAngleRow(grid, r, tables) : "";
+        if (o.ReportIoOnly && Holds(text, "Begin")) text = text.substr(0, kIoOnlyWidth);
+        const bool ioLeftOut = o.ReportIoOnly && !Holds(text, "Io") && !Holds(text, "Begin") && !Holds(text, "Month");
+        const bool noneLeftOut = Holds(text, "NONE") && o.ReportNoNONE;
+        if (!ioLeftOut && !noneLeftOut) {
+            block += text + kCrLf;
+            if (!Holds(text, "NONE") && o.ReportIncludeHA) block += hourAngles + kCrLf + kCrLf;
+        }
+        if (afterRow) afterRow();
+    }
+    block += std::string("_______________________________") + kCrLf;
+    return block;
+}
+
+std::string ReportBlockBytes(const std::string& block) {
+    return Holds(block, ":") ? Line(block) : std::string();
+}
+
+std::string ReportEndText() {
+    return Line(std::string("End of Report") + kCrLf);
+}
+
+std::string DefaultReportFileName(double reportStart) {
+    return FormatDateMask(reportStart, "yyyymmdd") + "JP.TXT";
+}
+
+ReportOutcome WriteEventReport(Core& core, const ModeTableState& modes, const ReportOptions& options,
+                               const ReportExclusions& exclusions, std::ostream& out,
+                               const std::function<bool(double day)>& onDay) {
+    ReportExclusions ex = exclusions;
+    ex.ReportInProgress = true;
+    ex.ReportMinDuration = options.ReportMinDuration;
+    if (options.ReportHeader) out << ReportHeaderText(core, options);
+
+    MinuteTables tables;
+    const auto activity = std::make_unique<ActivityTable>();
+    PredictionGrid grid;
+    double day = options.ReportStart;
+    do {
+        if (onDay && !onDay(day)) return ReportOutcome::Cancelled;
+        PredictDay(core, modes, ex, tables, *activity, grid, day);
+        out << ReportBlockBytes(ReportDayBlock(day, grid, tables, options));
+        day += 1.0;
+    } while (!(day > options.ReportEnd));
+    out << ReportEndText();
+    return ReportOutcome::Completed;
+}
+
+} // namespace tarvelle

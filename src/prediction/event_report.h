@@ -1,1 +1,72 @@
+// The event report: the daily prediction run for every day of a span of dates, its events
+// written to a text file with CR LF line ends.
+//
+// The file is the header (when asked for), one block per day that holds an event time, and
+// "End of Report". Each write of the window's writer adds a CR LF of its own to the text it is
+// given, so the texts below end with that extra CR LF where a write ends.
+//
+// Usage: the prediction window drives the days itself (it draws each day's chart) and calls
+// ReportHeaderText, PredictDay (prediction.h), ReportDayBlock, ReportBlockBytes and
+// ReportEndText; the command-line tool and the benchmarks call WriteEventReport, which does
+// the same without a window.
 #pragma once
+
+#include "astro_core.h"
+#include "prediction.h"
+#include "prediction_state.h"
+
+#include <functional>
+#include <ostream>
+#include <string>
+
+namespace tarvelle {
+
+// What the report options window and the prediction window's fields give a report.
+struct ReportOptions {
+    double ReportStart = 0.0, ReportEnd = 0.0; // date values of the first and last day
+    float ReportMinDuration = 0.0f;           // minutes
+    bool ReportHeader = true;
+    bool ReportIncludeHA = false;
+    bool ReportIoOnly = false;
+    bool ReportNoNONE = false;
+    std::string jupAltMinText = "0", sunAltMaxText = "0"; // the texts of txtJupAltMin and txtSunAltMax
+    std::string versionText;
+};
+
+// The header's seven writes. Sets DateHeading through FormatDateByChoice.
+std::string ReportHeaderText(Core& core, const ReportOptions& options);
+
+// One grid row as the report shows it: each of the seven cells with a blank behind it, padded
+// to ten characters, a "NONE" cell followed by CR LF.
+std::string ReportRowText(const PredictionGrid& grid, int row);
+
+// The hour angles under a mode's row: Jupiter's hour angle at the minute each time names.
+std::string ReportHourAngleRow(const PredictionGrid& grid, int row, const MinuteTables& tables);
+
+// One day's block as built in memory, from the grid of that day. afterRow runs after each grid
+// row: the window lets other events in there.
+std::string ReportDayBlock(double predictDate, const PredictionGrid& grid, const MinuteTables& tables,
+                           const ReportOptions& options, const std::function<void()>& afterRow = {});
+
+// What the file receives for a block: nothing when it holds no ":" (no event time), else the
+// block and the write's CR LF.
+std::string ReportBlockBytes(const std::string& block);
+
+// The last write of a report that was not cancelled.
+std::string ReportEndText();
+
+// The default file name: the first day as yyyymmdd and "JP.TXT".
+std::string DefaultReportFileName(double reportStart);
+
+enum class ReportOutcome { Completed, Cancelled };
+
+// The whole report without a window. For each day from ReportStart to ReportEnd: onDay is asked
+// first (false cancels, as the cancel button does: what is written stays and "End of Report"
+// is not written), then the prediction with the exclusions while a report is in progress (the
+// minimum duration is the options'), then the day's block. CurrentUT is as it was afterwards;
+// LST and the live positions are stale, as after any prediction.
+ReportOutcome WriteEventReport(Core& core, const ModeTableState& modes, const ReportOptions& options,
+                               const ReportExclusions& exclusions, std::ostream& out,
+                               const std::function<bool(double day)>& onDay = {});
+
+} // namespace tarvelle

@@ -1,1 +1,247 @@
 #include "mode_file.h"
+
+#include "error_text.h"
+#include "numeric.h"
+#include "text_forms.h"
+
+#include <cctype>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <sstream>
+
+namespace tarvelle {
+
+namespace {
+
+constexpr int kFileNotFound = 53;
+constexpr int kPathNotFound = 76;
+constexpr int kPathFileAccess = 75;
+constexpr int kDeviceIO = 57;
+constexpr int kDiskFull = 61;
+constexpr int kPastEndOfFile = 62;
+constexpr int kTypeMismatch = 13;
+constexpr int kOverflow = 6;
+
+constexpr int kWrittenModes = 6;
+constexpr const char* kLineEnd = "\r\n";
+
+bool IsSpace(char c) {
+    return c == ' ' || c == '\t';
+}
+
+// Comma-and-line-delimited fields over the whole file, in the manner of a text input:
+// a field ends at a comma or at a line end (CR LF, LF or a lone CR), which it consumes.
+class FieldReader {
+public:
+    explicit FieldReader(const std::string& text) : text_(text) {}
+
+    bool AtEnd() const { return pos_ >= text_.size(); }
+
+    // The next field, or nothing when the file has ended.
+    std::optional<std::string> Next() {
+        if (AtEnd()) return std::nullopt;
+        const size_t start = pos_;
+        while (pos_ < text_.size() && text_[pos_] != ',' && text_[pos_] != '\r' && text_[pos_] != '\n')
+            ++pos_;
+        std::string field = text_.substr(start, pos_ - start);
+        if (pos_ < text_.size()) {
+            const char end = text_[pos_++];
+            if (end == '\r' && pos_ < text_.size() && text_[pos_] == '\n') ++pos_;
+        }
+        return field;
+    }
+
+private:
+    const std::string& text_;
+    size_t pos_ = 0;
+};
+
+// A number field: blanks around it are ignored and an empty field is 0. A decimal fraction is
+// taken and rounded like any store into a whole number. Returns 0 or the error number.
+int NumberOfField(const std::string& field, int16_t& value) {
+    size_t b = 0, e = field.size();
+    while (b < e && IsSpace(field[b])) ++b;
+    while (e > b && IsSpace(field[e - 1])) --e;
+    if (b == e) {
+        value = 0;
+        return 0;
+    }
+    // Sign, digits, an optional fraction and exponent, and nothing else.
+    size_t i = b;
+    if (field[i] == '+' || field[i] == '-') ++i;
+    size_t digits = 0;
+    while (i < e && std::isdigit(static_cast<unsigned char>(field[i]))) ++i, ++digits;
+    if (i < e && field[i] == '.') {
+        ++i;
+        while (i < e && std::isdigit(static_cast<unsigned char>(field[i]))) ++i, ++digits;
+    }
+    if (digits == 0) return kTypeMismatch;
+    if (i < e && (field[i] == 'e' || field[i] == 'E')) {
+        ++i;
+        if (i < e && (field[i] == '+' || field[i] == '-')) ++i;
+        size_t exponentDigits = 0;
+        while (i < e && std::isdigit(static_cast<unsigned char>(field[i]))) ++i, ++exponentDigits;
+        if (exponentDigits == 0) return kTypeMismatch;
+    }
+    if (i != e) return kTypeMismatch;
+    const std::string number = field.substr(b, e - b);
+    const double rounded = RoundHalfEven(std::strtod(number.c_str(), nullptr));
+    if (!(rounded >= INT16_MIN && rounded <= INT16_MAX)) return kOverflow;
+    value = static_cast<int16_t>(rounded);
+    return 0;
+}
+
+// The whole file, or the error number of the failure.
+int ReadWholeFile(const std::string& path, std::string& text) {
+    namespace fs = std::filesystem;
+    std::error_code ec;
+    const fs::path p(path);
+    if (!fs::exists(p, ec)) {
+        const bool folderMissing = p.has_parent_path() && !fs::exists(p.parent_path(), ec);
+        return folderMissing ? kPathNotFound : kFileNotFound;
+    }
+    if (fs::is_directory(p, ec)) return kPathFileAccess;
+    std::ifstream in(p, std::ios::binary);
+    if (!in) return kPathFileAccess;
+    std::ostringstream buffer;
+    buffer << in.rdbuf();
+    if (in.bad()) return kDeviceIO;
+    text = buffer.str();
+    return 0;
+}
+
+// Records into the table as far as they go; 0 or the error number.
+int ReadRecords(const std::string& text, ModeTableState& modes) {
+    FieldReader reader(text);
+    modes.NumModes = kMaxModes;
+    for (int i = 1; i <= kMaxModes; ++i) {
+        std::optional<std::string> name = reader.Next();
+        if (!name) return kPastEndOfFile;
+        modes.ModeName[i] = std::move(*name);
+        for (int column = CML1; column <= IoP2; ++column) {
+            const std::optional<std::string> field = reader.Next();
+            if (!field) return kPastEndOfFile;
+            const int error = NumberOfField(*field, modes.ModeTable[i][column]);
+            if (error != 0) return error;
+        }
+        // Only the end of the file ends the count, so records with empty names still count.
+        if (reader.AtEnd()) {
+            modes.NumModes = static_cast<int16_t>(i);
+            break;
+        }
+    }
+    return 0;
+}
+
+struct WriteFailure {
+    int number = 0;
+    std::string description;
+};
+
+WriteFailure FailureOfErrno(int error, bool opening) {
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+        return {kPathNotFound, "Path not found"};
+    case ENOSPC:
+        return {kDiskFull, "Disk full"};
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case EISDIR:
+        return {kPathFileAccess, "Path/File access error"};
+    default:
+        return opening ? WriteFailure{kPathFileAccess, "Path/File access error"}
+                       : WriteFailure{kDeviceIO, "Device I/O error"};
+    }
+}
+
+WriteFailure WriteWholeFile(const std::string& path, const std::string& text) {
+    errno = 0;
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    if (!out) return FailureOfErrno(errno, true);
+    out.write(text.data(), static_cast<std::streamsize>(text.size()));
+    out.flush();
+    if (!out) return FailureOfErrno(errno, false);
+    out.close();
+    if (!out) return FailureOfErrno(errno, false);
+    return {};
+}
+
+QString Q(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+} // namespace
+
+void LoadModeFile(ModeTableState& modes, int& status, Dialogs& dialogs) {
+    for (int i = 1; i <= kMaxModes; ++i) modes.ModeName[i].clear();
+    std::string text;
+    int error = ReadWholeFile(modes.ModeFileName, text);
+    if (error == 0) error = ReadRecords(text, modes);
+    if (error != 0) {
+        dialogs.Message("Error " + QString::number(error) + " Occurred Loading " + Q(modes.ModeFileName) +
+                            "." + kLineEnd + Q(ErrorText(error)),
+                        "FILE ERROR!", MsgButtons::OK, MsgIcon::Exclamation);
+        status = error;
+        return;
+    }
+    modes.ModesLoaded = true;
+}
+
+std::string ModeFileText(const ModeTableState& modes) {
+    std::string text;
+    for (int i = 1; i <= kWrittenModes; ++i) {
+        text += modes.ModeName[i];
+        text += kLineEnd;
+        for (int column = CML1; column <= IoP2; ++column) {
+            const int16_t v = modes.ModeTable[i][column];
+            text += (v >= 0 ? " " : "") + std::to_string(v) + " " + kLineEnd;
+        }
+    }
+    return text;
+}
+
+void SaveModeFile(const ModeTableState& modes, const std::string& path, int& status, Dialogs& dialogs) {
+    const WriteFailure failure = WriteWholeFile(path, ModeFileText(modes));
+    if (failure.number == 0) return;
+    // The message names the current mode file even when path is another.
+    dialogs.Message("Error " + QString::number(failure.number) + " Occurred Saving " + Q(modes.ModeFileName) +
+                        "." + kLineEnd + Q(failure.description),
+                    "FILE ERROR!", MsgButtons::OK, MsgIcon::Exclamation);
+    status = 1;
+}
+
+ModeEditRows ModeEditRowsOf(const ModeTableState& modes) {
+    ModeEditRows rows{};
+    const int count = modes.NumModes < kMaxModes ? modes.NumModes : kMaxModes;
+    for (int i = 1; i <= count; ++i) {
+        rows[i - 1].name = modes.ModeName[i];
+        for (int column = CML1; column <= IoP2; ++column)
+            rows[i - 1].numbers[column - 1] = std::to_string(modes.ModeTable[i][column]);
+    }
+    return rows;
+}
+
+void ApplyModeEdits(ModeTableState& modes, const ModeEditRows& rows) {
+    // The tenth row is shown but its name is never read back.
+    for (int i = 1; i <= kMaxModes - 1; ++i) {
+        modes.ModeName[i] = Trim(rows[i - 1].name);
+        if (modes.ModeName[i].empty()) {
+            modes.NumModes = static_cast<int16_t>(i - 1);
+            break;
+        }
+    }
+    const int count = modes.NumModes < kMaxModes ? modes.NumModes : kMaxModes;
+    for (int i = 1; i <= count; ++i) {
+        for (int column = CML1; column <= IoP2; ++column) {
+            const double v = RoundHalfEven(ValueOfText(rows[i - 1].numbers[column - 1]));
+            if (v >= INT16_MIN && v <= INT16_MAX) modes.ModeTable[i][column] = static_cast<int16_t>(v);
+        }
+    }
+}
+
+} // namespace tarvelle

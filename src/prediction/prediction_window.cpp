@@ -1,1 +1,541 @@
 #include "prediction_window.h"
+
+#include "date_value.h"
+#include "event_report.h"
+#include "numeric.h"
+#include "page_printer.h"
+#include "plot_surface.h"
+#include "text_forms.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include <cmath>
+#include <fstream>
+
+namespace tarvelle {
+
+namespace {
+
+constexpr int kChartWidth = 720; // two minutes a pixel
+constexpr int kChartHeight = 190;
+constexpr int kSunBarHeight = 14;
+
+QString Q(const std::string& s) { return QString::fromStdString(s); }
+std::string S(const QLineEdit* box) { return box->text().toStdString(); }
+
+// Jupiter's or the Sun's altitude as a colour: from pale yellow low down to orange high up.
+int AltitudeColour(int altitude) {
+    return RGB(255, static_cast<int>(RoundHalfEven(altitude * 0.6 + 200.0)),
+               static_cast<int>(RoundHalfEven(altitude * 2.8)));
+}
+
+} // namespace
+
+int ModeColour(int mode) {
+    static constexpr int kColours[] = {RGB(255, 255, 0), RGB(255, 0, 255), RGB(255, 0, 0),
+                                       RGB(0, 255, 255), RGB(0, 255, 0),   RGB(255, 128, 0)};
+    return mode >= 1 && mode <= kPredictedModes ? kColours[mode - 1] : 0;
+}
+
+Form3::Form3(Station& station, std::function<void()> stopMainTimer, std::function<void()> onClosed, QWidget* parent)
+    : QWidget(parent, Qt::Window), st_(station), core_(station.core), stopMainTimer_(std::move(stopMainTimer)),
+      onClosed_(std::move(onClosed)) {
+    setObjectName("Form3");
+    setWindowTitle("Jupiter Radio Noise Storm Predictions");
+    BuildControls();
+
+    // Loading.
+    if (stopMainTimer_) stopMainTimer_();
+    for (int i = 0; i < kPredictedModes; ++i) LBLMode[i]->setVisible(i < st_.modes.PredictedModes());
+    choices_.ReportIncludeHA = StoredBool(st_.settings.get("Settings", "ReportIncludeHA", "0").toStdString());
+    core_.SaveCurrentTime();
+    PredictDate = core_.RealTimeMode ? core_.CurrentUT : st_.fixed.FixedUT;
+    ShowDateInFields(PredictDate);
+    ArrangeDateFields();
+    LBLWait->hide();
+    Picture1->Surface().Clear();
+    txtJupAltMin->setText(st_.settings.get("Settings", "ReportJupAltMin", "0"));
+    txtSunAltMax->setText(st_.settings.get("Settings", "ReportSunAltMax", "0"));
+    DoPredictions();
+}
+
+void Form3::BuildControls() {
+    auto label = [this](const char* name, const char* text) {
+        auto* l = new QLabel(QString::fromUtf8(text), this);
+        if (name) l->setObjectName(name);
+        return l;
+    };
+    auto field = [this](const char* name, int width) {
+        auto* box = new QLineEdit(this);
+        box->setObjectName(name);
+        box->setFixedWidth(width);
+        return box;
+    };
+    auto button = [this](const char* name, const char* caption) {
+        auto* b = new QPushButton(caption, this);
+        b->setObjectName(name);
+        b->setAutoDefault(false);
+        return b;
+    };
+
+    LblPrintTitle = label("LblPrintTitle", "Jupiter Radio Noise Storm Prediction");
+    QFont title = LblPrintTitle->font();
+    title.setPointSize(title.pointSize() + 3);
+    title.setBold(true);
+    LblPrintTitle->setFont(title);
+    LBLDate = label("LBLDate", "GMT Date:");
+    LBLDateFormat = label("LBLDateFormat", "");
+    txtYear = field("txtYear", 56);
+    txtMonth = field("txtMonth", 36);
+    txtDay = field("txtDay", 36);
+    CmdPredict = button("CmdPredict", "Predict Events");
+    CmdPredict->setDefault(true);
+    CmdNextDay = button("CmdNextDay", "Next Day");
+    CmdPrevious = button("CmdPrevious", "Previous Day");
+    cmdNow = button("cmdNow", "now");
+    CmdPredictPrint = button("CmdPredictPrint", "Print");
+    CmdReport = button("CmdReport", "Report");
+    CmdCancelReport = button("CmdCancelReport", "Cancel  Report");
+    CmdCancelReport->setToolTip("Stop the Report in Progress.");
+    CmdCancelReport->setEnabled(false);
+    CmdExit = button("CmdExit", "Exit");
+
+    Picture1 = new PlotWidget(kChartWidth, kChartHeight, this);
+    Picture1->setObjectName("Picture1");
+    Picture1->Surface().SetBackColour(RGB(255, 255, 255));
+    PicSunAlt = new PlotWidget(kChartWidth, kSunBarHeight, this);
+    PicSunAlt->setObjectName("PicSunAlt");
+    LBLWait = label("LBLWait", "Calculating Please Wait....");
+    LBLTime = label("LBLTime", "GMT: ");
+    LBLJupAlt = label("LBLJupAlt", "Jup Alt ");
+    LBLJupHA = label("LBLJupHA", "Jup HA ");
+    LBLSunAlt = label("LBLSunAlt", "Sun Alt ");
+    LBLReportProgress = label("LBLReportProgress", "");
+    for (int i = 0; i < kPredictedModes; ++i) {
+        QLabel* legend = label("LBLMode", "");
+        const int c = ModeColour(i + 1);
+        legend->setStyleSheet(QString("background: rgb(%1,%2,%3); color: black; padding: 2px 8px;")
+                                  .arg(c & 0xFF)
+                                  .arg((c >> 8) & 0xFF)
+                                  .arg((c >> 16) & 0xFF));
+        LBLMode << legend;
+    }
+
+    Grid1 = new QTableWidget(1, 7, this);
+    Grid1->setObjectName("Grid1");
+    Grid1->horizontalHeader()->hide();
+    Grid1->verticalHeader()->hide();
+    Grid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    Grid1->setSelectionMode(QAbstractItemView::SingleSelection);
+    Grid1->setContextMenuPolicy(Qt::CustomContextMenu);
+
+    txtJupAltMin = field("txtJupAltMin", 48);
+    txtSunAltMax = field("txtSunAltMax", 48);
+    txtMinHA = field("txtMinHA", 48);
+    txtMaxHA = field("txtMaxHA", 48);
+    txtMinHA->setText("-6");
+    txtMaxHA->setText("6");
+
+    // Layout: date and day buttons; the chart with its bands; legend and read-outs; grid;
+    // exclusions; commands.
+    auto* dateRow = new QGridLayout;
+    dateRow->addWidget(LBLDateFormat, 0, 1, 1, 3);
+    dateRow->addWidget(LBLDate, 1, 0);
+    auto* fields = new QHBoxLayout;
+    fields->setObjectName("DateFields");
+    dateRow->addLayout(fields, 1, 1, 1, 3);
+    auto* dayButtons = new QHBoxLayout;
+    for (QPushButton* b : {CmdPrevious, CmdPredict, CmdNextDay, cmdNow}) dayButtons->addWidget(b);
+    dateRow->addLayout(dayButtons, 1, 4);
+    dateRow->setColumnStretch(5, 1);
+
+    auto* chart = new QGridLayout;
+    chart->addWidget(label(nullptr, "GMT"), 0, 0, Qt::AlignTop);
+    chart->addWidget(Picture1, 0, 1, 2, 1);
+    chart->addWidget(label(nullptr, "LOCAL"), 1, 0, Qt::AlignBottom);
+    chart->addWidget(label(nullptr, "Sun Visiblity"), 2, 0);
+    chart->addWidget(PicSunAlt, 2, 1);
+    chart->addWidget(label(nullptr, "Blue background indicates Jupiter is below the horizon."), 3, 1);
+    chart->addWidget(LBLWait, 3, 1, Qt::AlignRight);
+    chart->setColumnStretch(2, 1);
+
+    auto* legend = new QHBoxLayout;
+    for (QLabel* l : LBLMode) legend->addWidget(l);
+    legend->addStretch(1);
+    for (QLabel* l : {LBLTime, LBLJupAlt, LBLJupHA, LBLSunAlt}) {
+        l->setMinimumWidth(90);
+        legend->addWidget(l);
+    }
+
+    auto* limits = new QGridLayout;
+    limits->addWidget(label(nullptr, "Exclude times when Jupiter altitude is below:"), 0, 0);
+    limits->addWidget(txtJupAltMin, 0, 1);
+    limits->addWidget(label(nullptr, "deg."), 0, 2);
+    limits->addWidget(label(nullptr, "Exclude times when Sun altitude is above:"), 1, 0);
+    limits->addWidget(txtSunAltMax, 1, 1);
+    limits->addWidget(label(nullptr, "deg."), 1, 2);
+    limits->addWidget(label(nullptr, "Min Hour Angle Allowed"), 0, 3);
+    limits->addWidget(txtMinHA, 0, 4);
+    limits->addWidget(label(nullptr, "Max Hour Angle Allowed"), 1, 3);
+    limits->addWidget(txtMaxHA, 1, 4);
+    limits->setColumnStretch(5, 1);
+
+    auto* commands = new QHBoxLayout;
+    commands->addWidget(LBLReportProgress, 1);
+    for (QPushButton* b : {CmdPredictPrint, CmdReport, CmdCancelReport, CmdExit}) commands->addWidget(b);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(LblPrintTitle);
+    layout->addLayout(dateRow);
+    layout->addLayout(chart);
+    layout->addLayout(legend);
+    layout->addWidget(Grid1, 1);
+    layout->addLayout(limits);
+    layout->addLayout(commands);
+
+    connect(CmdPredict, &QPushButton::clicked, this, &Form3::CmdPredictClick);
+    connect(CmdNextDay, &QPushButton::clicked, this, &Form3::CmdNextDayClick);
+    connect(CmdPrevious, &QPushButton::clicked, this, &Form3::CmdPreviousClick);
+    connect(cmdNow, &QPushButton::clicked, this, &Form3::cmdNowClick);
+    connect(CmdPredictPrint, &QPushButton::clicked, this, &Form3::CmdPredictPrintClick);
+    connect(CmdReport, &QPushButton::clicked, this, &Form3::CmdReportClick);
+    connect(CmdCancelReport, &QPushButton::clicked, this, &Form3::CmdCancelReportClick);
+    connect(CmdExit, &QPushButton::clicked, this, [this] {
+        hide();
+        if (QWidget* main = parentWidget()) {
+            main->show();
+            main->raise();
+        }
+        close();
+    });
+    connect(Picture1, &PlotWidget::mouseMove, this, [this](int, float x, float) { Picture1MouseMove(x); });
+    connect(Grid1, &QTableWidget::cellPressed, this, [this](int row, int column) {
+        setWindowTitle(QString::number(column) + "    " + QString::number(row));
+    });
+    connect(Grid1, &QWidget::customContextMenuRequested, this, [this](const QPoint& p) {
+        const QModelIndex index = Grid1->indexAt(p);
+        if (index.isValid()) GridActions(index.row(), index.column());
+    });
+}
+
+void Form3::ArrangeDateFields() {
+    static const char* const kHeadings[] = {"YYYY  MM  DD", "MM  DD  YYYY", "DD  MM  YYYY"};
+    const int choice = core_.DateFormatChoice;
+    QLineEdit* order[3] = {txtYear, txtMonth, txtDay};
+    if (choice == 1) order[0] = txtMonth, order[1] = txtDay, order[2] = txtYear;
+    if (choice == 2) order[0] = txtDay, order[1] = txtMonth, order[2] = txtYear;
+    if (choice >= 0 && choice <= 2) LBLDateFormat->setText(kHeadings[choice]);
+    auto* fields = findChild<QHBoxLayout*>("DateFields");
+    for (QLineEdit* box : order) fields->removeWidget(box);
+    for (QLineEdit* box : order) fields->addWidget(box);
+}
+
+void Form3::ShowDateInFields(double t) {
+    txtYear->setText(Q(FormatDateMask(t, "yyyy")));
+    txtMonth->setText(Q(FormatDateMask(t, "mm")));
+    txtDay->setText(Q(FormatDateMask(t, "dd")));
+}
+
+ReportExclusions Form3::Exclusions() const {
+    ReportExclusions ex = ExclusionsFromTexts(S(txtJupAltMin), S(txtSunAltMax), S(txtMinHA), S(txtMaxHA));
+    ex.ReportInProgress = reportInProgress_;
+    ex.ReportMinDuration = choices_.ReportMinDuration;
+    return ex;
+}
+
+void Form3::DoPredictions() {
+    if (FieldsOf(PredictDate).year < 1900) {
+        st_.dialogs.Message("Dates Prior to 1900 are not permitted.");
+        return;
+    }
+    Picture1->Surface().Clear();
+    LBLWait->show();
+    const ReportExclusions ex = Exclusions();
+    auto decimal = [](float v) { return Q(Trim(StrForm(v))); };
+    st_.settings.save("Settings", "ReportJupAltMin", decimal(ex.ReportJupAltMin));
+    st_.settings.save("Settings", "ReportSunAltMax", decimal(ex.ReportSunAltMax));
+    PredictDay(core_, st_.modes, ex, st_.minutes, st_.activity.ModeActivity, grid_, PredictDate);
+    DrawChart();
+    ShowGrid();
+    HourBar();
+    Picture1->Surface().Refresh();
+    LBLWait->hide();
+}
+
+void Form3::DrawChart() {
+    PlotSurface& s = Picture1->Surface();
+    const MinuteTables& t = st_.minutes;
+    s.SetScale(0, 1, 1440, 0);
+    for (int m = 1; m <= kMinutesPerDay; ++m) {
+        const int alt = t.MinuteJupAlt[static_cast<size_t>(m)];
+        s.FillBox(static_cast<float>(m - 1), 1, static_cast<float>(m), 0, alt < 0 ? RGB(0, 0, 255) : AltitudeColour(alt));
+    }
+    s.SetScale(0, 0, 86400, 9.5f);
+    for (int i = 1; i <= 72; ++i) s.DrawLine(1200.0f * i, 1, 1200.0f * i, 8, QBColor(7));
+    for (int i = 1; i <= 23; ++i) s.DrawLine(3600.0f * i, 1, 3600.0f * i, 8, QBColor(4));
+    const ActivityTable& a = st_.activity.ModeActivity;
+    for (int m = 1; m <= kMinutesPerDay; ++m) {
+        for (int i = 1; i <= kPredictedModes; ++i) {
+            if (a[static_cast<size_t>(i)][static_cast<size_t>(m)] == 0) continue;
+            s.FillBox(60.0f * static_cast<float>(m + 1), static_cast<float>(i) + 0.5f, 60.0f * static_cast<float>(m + 2),
+                      static_cast<float>(i + 2), ModeColour(i));
+        }
+    }
+}
+
+void Form3::ShowGrid() {
+    Grid1->setRowCount(grid_.Rows);
+    for (int r = 0; r < grid_.Rows; ++r) {
+        for (int c = 0; c < kGridColumns; ++c) {
+            auto* item = new QTableWidgetItem(Q(grid_.Text(r, c)));
+            if (r == 0 || c == 0) {
+                item->setBackground(QColor(224, 224, 224));
+                QFont f = item->font();
+                f.setBold(true);
+                item->setFont(f);
+            }
+            Grid1->setItem(r, c, item);
+        }
+    }
+    for (int i = 1; i <= st_.modes.PredictedModes(); ++i) LBLMode[i - 1]->setText(Q(st_.modes.ModeName[static_cast<size_t>(i)]));
+    Grid1->resizeColumnsToContents();
+}
+
+void Form3::HourBar() {
+    PlotSurface& s = Picture1->Surface();
+    s.FillBox(0, 0, 86400, 1.5f, QBColor(2));
+    s.FillBox(0, 8, 86400, 9.5f, QBColor(8));
+    s.SetPenColour(0);
+    s.SetFontSize(10);
+    auto centred = [&s](const QString& text, float x, float top) {
+        s.SetCurrentPoint(x - s.TextWidth(text) / 2, top);
+        s.PrintText(text);
+    };
+    for (int h = 1; h <= 23; ++h) {
+        centred(QString::number(h), 3600.0f * static_cast<float>(h), 0.05f);
+        double t = h + core_.ObsTZ;
+        if (t < 0) t += 24;
+        if (t > 23) t -= 24;
+        centred(Q(Trim(StrForm(t))), 3600.0f * static_cast<float>(h), 8.05f);
+    }
+    SunAltBar();
+}
+
+void Form3::SunAltBar() {
+    PlotSurface& s = PicSunAlt->Surface();
+    s.SetScale(0, 1, 1440, 0);
+    for (int m = 1; m <= kMinutesPerDay; ++m) {
+        const int alt = st_.minutes.MinuteSunAlt[static_cast<size_t>(m)];
+        s.FillBox(static_cast<float>(m - 1), 1, static_cast<float>(m), 0, alt < 0 ? RGB(0, 0, 0) : AltitudeColour(alt));
+    }
+    s.Refresh();
+    txtSunAltMax->setText(st_.settings.get("Settings", "ReportSunAltMax", "0").trimmed());
+    txtJupAltMin->setText(st_.settings.get("Settings", "ReportJupAltMin", "0").trimmed());
+}
+
+void Form3::ChkValidDate(bool& valid) {
+    valid = false;
+    const double y = ValueOfText(S(txtYear)), m = ValueOfText(S(txtMonth)), d = ValueOfText(S(txtDay));
+    if (std::fabs(y) > 1e5 || std::fabs(m) > 1e6 || std::fabs(d) > 1e7) {
+        st_.dialogs.Message(txtYear->text() + " is not a valid date.", {}, MsgButtons::OK, MsgIcon::Exclamation);
+        return;
+    }
+    if (y < 1900.0) {
+        st_.dialogs.Message("Dates Prior to 1900 are not permitted.");
+        return;
+    }
+    PredictDate = DateSerial(static_cast<int>(RoundHalfEven(y)), static_cast<int>(RoundHalfEven(m)),
+                             static_cast<int>(RoundHalfEven(d)));
+    valid = true;
+}
+
+void Form3::CmdPredictClick() {
+    bool valid = false;
+    ChkValidDate(valid);
+    if (valid) {
+        Picture1->Surface().Clear();
+        DoPredictions();
+    }
+    // The limits are brought into range after the prediction that used them.
+    for (QLineEdit* box : {txtJupAltMin, txtSunAltMax}) {
+        const double v = ValueOfText(S(box));
+        if (v < -90.0) box->setText("-90");
+        if (v > 90.0) box->setText("90");
+    }
+}
+
+void Form3::CmdNextDayClick() {
+    Picture1->Surface().Clear();
+    bool valid = false;
+    ChkValidDate(valid);
+    PredictDate += 1.0;
+    ShowDateInFields(PredictDate);
+    DoPredictions();
+}
+
+void Form3::CmdPreviousClick() {
+    Picture1->Surface().Clear();
+    bool valid = false;
+    ChkValidDate(valid);
+    PredictDate -= 1.0;
+    ShowDateInFields(PredictDate);
+    DoPredictions();
+}
+
+void Form3::cmdNowClick() {
+    PredictDate = core_.GMTFromClock(st_.clock.LocalNow());
+    ShowDateInFields(PredictDate);
+    CmdPredict->setFocus();
+    CmdPredictClick();
+}
+
+void Form3::Picture1MouseMove(float x) {
+    const double k0 = RoundHalfEven(static_cast<double>(x) / 60.0);
+    if (k0 < 0 || k0 > kMinutesPerDay || st_.minutes.MinuteJupAlt.empty()) return;
+    const auto k = static_cast<size_t>(k0);
+    LBLTime->setText("GMT: " + Q(FormatDateMask(static_cast<double>(x) / 86400.0, "hh:nn")));
+    LBLJupAlt->setText("Jup Alt " + Q(FormatNumberMask(st_.minutes.MinuteJupAlt[k], "00")) + " deg.");
+    LBLJupHA->setText("Jup HA " + Q(FormatNumberMask(st_.minutes.MinuteJupHA[k], "00.0")));
+    LBLSunAlt->setText("Sun Alt " + Q(FormatNumberMask(st_.minutes.MinuteSunAlt[k], "00")) + " deg");
+}
+
+void Form3::GridActions(int row, int column) {
+    if (row < 1 || column < 1) return;
+    const QString text = Grid1->item(row, column) ? Grid1->item(row, column)->text() : QString();
+    if (text.isEmpty() || text == "NONE") return;
+    QMenu menu(this);
+    menu.setObjectName("mnuGridActions");
+    QAction* add = menu.addAction("Add Selected Event to Planner");
+    add->setObjectName("mnuAddToPlanner");
+    connect(add, &QAction::triggered, this, [this, text] { setWindowTitle(text); });
+    menu.exec(QCursor::pos());
+}
+
+void Form3::CmdPredictPrintClick() {
+    PagePrinter printer;
+    if (!printer.ChoosePrinter(st_.dialogs)) return;
+    printer.SetScaleMode(PagePrinter::kInches);
+    printer.SetCurrentX(1.0);
+    printer.SetCurrentY(0.5);
+    printer.SetFontBold(false);
+    printer.SetFontSize(18);
+    printer.PrintLine({"JUPITER EVENT PREDICTIONS", "    ", Q(core_.FormatDateByChoice(PredictDate)), "    ", "GMT"});
+    printer.PrintLine({});
+    printer.SetFontSize(10);
+    auto at10 = [&printer](const QString& text) { printer.PrintLine({PagePrinter::Tab(10), text}); };
+    at10("Reference Coordinates:  Longitude " + Q(core_.ObLngText) + " " + Q(core_.DisplayWest) + "     Latitude " +
+         Q(core_.ObLatText));
+    at10("Exclude times when Jupiter is below " + txtJupAltMin->text() + " deg.");
+    at10("Exclude times when Sun is above " + txtSunAltMax->text() + " deg.");
+    at10("Tarvelle Software Version " + Q(st_.VersionText));
+    printer.PrintLine({});
+    for (int r = 0; r < grid_.Rows; ++r) {
+        std::vector<PagePrinter::Item> items;
+        for (int c = 0; c < kGridColumns; ++c) {
+            items.push_back(PagePrinter::Tab(10 * (c + 1)));
+            items.emplace_back(Q(grid_.Text(r, c)));
+        }
+        printer.PrintLine(items);
+    }
+    printer.EndDocument();
+}
+
+QString Form3::ReportPath() {
+    const QString dir = st_.settings.get("Startup", "ReportDir", st_.programDir);
+    const QString name = Q(DefaultReportFileName(choices_.ReportStart));
+    return st_.dialogs.SaveFile("Save Event Report", "Text File|*.TXT|Any|*.*", QDir(dir).filePath(name));
+}
+
+void Form3::CmdReportClick() {
+    bool valid = false;
+    ChkValidDate(valid);
+    formReportOptions options(st_, choices_, reportCancelled_, PredictDate, this);
+    options.exec();
+    if (reportCancelled_) {
+        reportInProgress_ = false;
+        return;
+    }
+    reportInProgress_ = true;
+    CmdCancelReport->setEnabled(true);
+    PredictDate = choices_.ReportStart;
+    const QString path = ReportPath();
+    if (path.isEmpty()) {
+        reportInProgress_ = false;
+        CmdCancelReport->setEnabled(false);
+        return;
+    }
+    st_.settings.save("Startup", "ReportDir", QFileInfo(path).absolutePath());
+    std::ofstream out(path.toStdString(), std::ios::binary | std::ios::trunc);
+    if (!out) {
+        st_.dialogs.Message("There was an error trying to save " + path);
+        reportInProgress_ = false;
+        CmdCancelReport->setEnabled(false);
+        return;
+    }
+    ReportOptions report;
+    report.ReportStart = choices_.ReportStart;
+    report.ReportEnd = choices_.ReportEnd;
+    report.ReportMinDuration = choices_.ReportMinDuration;
+    report.ReportHeader = choices_.ReportHeader;
+    report.ReportIncludeHA = choices_.ReportIncludeHA;
+    report.ReportIoOnly = choices_.ReportIoOnly;
+    report.ReportNoNONE = choices_.ReportNoNONE;
+    report.jupAltMinText = S(txtJupAltMin);
+    report.sunAltMaxText = S(txtSunAltMax);
+    report.versionText = st_.VersionText;
+    if (report.ReportHeader) out << ReportHeaderText(core_, report);
+
+    const int days = static_cast<int>(std::floor(choices_.ReportEnd) - std::floor(choices_.ReportStart)) + 1;
+    bool cancelled = false;
+    for (int day = 1; PredictDate <= choices_.ReportEnd; ++day) {
+        if (reportCancelled_) {
+            st_.dialogs.Message("Report " + path + " Canceled by User.");
+            cancelled = true;
+            break;
+        }
+        LBLReportProgress->setText(QString("Report: day %1 of %2").arg(day).arg(days));
+        Picture1->Surface().Clear();
+        ShowDateInFields(PredictDate);
+        DoPredictions();
+        const std::string block = ReportDayBlock(PredictDate, grid_, st_.minutes, report,
+                                                 [] { QCoreApplication::processEvents(); });
+        out << ReportBlockBytes(block);
+        PredictDate += 1.0;
+    }
+    if (!cancelled) out << ReportEndText();
+    out.close();
+    CmdCancelReport->setEnabled(false);
+    LBLReportProgress->clear();
+    if (st_.dialogs.Message(" View Event Report " + path + " ?", {}, MsgButtons::YesNo) == MsgAnswer::Yes)
+        st_.desktop.ShowTextFile(path);
+    reportInProgress_ = false;
+}
+
+void Form3::closeEvent(QCloseEvent* event) {
+    if (!core_.ShuttingDown) {
+        core_.RestoreCurrentTime();
+        if (onClosed_) onClosed_();
+    }
+    event->accept();
+}
+
+void Form3::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && stopMainTimer_) stopMainTimer_();
+}
+
+} // namespace tarvelle

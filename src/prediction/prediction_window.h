@@ -1,1 +1,94 @@
+// Form3, the prediction window: the day's chart of Jupiter's altitude with the minutes at
+// which each mode is active, the grid of begin and end times, the exclusions, the printout,
+// and the event report over a span of dates.
+//
+// It stops the main window's timer while it is active (the prediction moves the core's
+// clock) and puts the clock back when it closes.
 #pragma once
+
+#include "prediction.h"
+#include "report_options_window.h"
+#include "station.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QPushButton;
+class QTableWidget;
+
+namespace tarvelle {
+
+class PlotWidget;
+
+class Form3 : public QWidget {
+    Q_OBJECT
+public:
+    // stopMainTimer stops the main window's Timer1; onClosed runs when the window closes.
+    Form3(Station& station, std::function<void()> stopMainTimer, std::function<void()> onClosed,
+          QWidget* parent = nullptr);
+
+    void DoPredictions();
+    void HourBar();
+    void SunAltBar();
+    void ChkValidDate(bool& valid);
+    void ArrangeDateFields();
+
+    void CmdPredictClick();
+    void CmdNextDayClick();
+    void CmdPreviousClick();
+    void cmdNowClick();
+    void CmdPredictPrintClick();
+    void CmdReportClick();
+    void CmdCancelReportClick() { reportCancelled_ = true; }
+    // The mouse over the chart, in its seconds of the day.
+    void Picture1MouseMove(float x);
+
+    double PredictDate = 0.0;
+    bool ReportInProgress() const { return reportInProgress_; }
+    const PredictionGrid& Grid() const { return grid_; }
+    const ReportChoices& Report() const { return choices_; }
+
+    QLineEdit *txtYear = nullptr, *txtMonth = nullptr, *txtDay = nullptr;
+    QLineEdit *txtJupAltMin = nullptr, *txtSunAltMax = nullptr, *txtMinHA = nullptr, *txtMaxHA = nullptr;
+    QPushButton *CmdPredict = nullptr, *CmdNextDay = nullptr, *CmdPrevious = nullptr, *cmdNow = nullptr;
+    QPushButton *CmdPredictPrint = nullptr, *CmdReport = nullptr, *CmdCancelReport = nullptr, *CmdExit = nullptr;
+    QLabel *LBLDate = nullptr, *LBLDateFormat = nullptr, *LBLWait = nullptr, *LblPrintTitle = nullptr;
+    QLabel *LBLTime = nullptr, *LBLJupAlt = nullptr, *LBLJupHA = nullptr, *LBLSunAlt = nullptr;
+    QLabel* LBLReportProgress = nullptr;
+    QList<QLabel*> LBLMode; // the legend, one label a mode
+    PlotWidget* Picture1 = nullptr;
+    PlotWidget* PicSunAlt = nullptr;
+    QTableWidget* Grid1 = nullptr;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void BuildControls();
+    void ShowDateInFields(double t);
+    void ShowGrid();
+    void DrawChart();
+    // The right button on an event's time offers to add it to the planner.
+    void GridActions(int row, int column);
+    ReportExclusions Exclusions() const;
+    QString ReportPath();
+
+    Station& st_;
+    Core& core_;
+    std::function<void()> stopMainTimer_, onClosed_;
+
+    PredictionGrid grid_;
+    ReportChoices choices_;
+    bool reportInProgress_ = false;
+    bool reportCancelled_ = false;
+};
+
+// The colours of the legend and of each mode's bars, modes 1 to 6.
+int ModeColour(int mode);
+
+} // namespace tarvelle

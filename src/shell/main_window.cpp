@@ -5,6 +5,11 @@
 #include "date_format_window.h"
 #include "date_value.h"
 #include "help_commands.h"
+#include "mode_commands.h"
+#include "mode_file.h"
+#include "picture_store.h"
+#include "prediction.h"
+#include "prediction_window.h"
 #include "numeric.h"
 #include "observer_file.h"
 #include "observer_window.h"
@@ -17,6 +22,7 @@
 #include <QCloseEvent>
 #include <QFile>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -123,9 +129,16 @@ Form1::Form1(Station& station, QWidget* parent) : QMainWindow(parent), st_(stati
     layout->addWidget(buttonRow_);
     layout->addWidget(BuildTimePanel());
     layout->addWidget(BuildReadoutPanel(), 1);
+    auto* status = new QHBoxLayout;
+    status->setContentsMargins(8, 2, 8, 2);
+    PicJupIcon = new QLabel(central);
+    PicJupIcon->setObjectName("PicJupIcon");
+    PicJupIcon->setPixmap(IconFromSvg(":/icons/CmdPredict.svg").pixmap(20, 20));
+    PicJupIcon->hide();
+    status->addWidget(PicJupIcon);
     LBLQ = ReadoutLabel(central, "LBLQ");
-    LBLQ->setContentsMargins(8, 2, 8, 2);
-    layout->addWidget(LBLQ);
+    status->addWidget(LBLQ, 1);
+    layout->addLayout(status);
     setCentralWidget(central);
     PlaceButtons();
     ArrangeDateBoxes();
@@ -151,9 +164,9 @@ void Form1::BuildMenus() {
         return m;
     };
     QMenu* file = menu("MnuFile", "&File");
-    AddAction(file, "MnuLoadModeFile", "&Load Mode File");
-    AddAction(file, "MnuSaveModeFile", "&Save Mode File");
-    AddAction(file, "MnuEditModeFile", "&Edit Mode File");
+    MnuLoadModeFile = AddAction(file, "MnuLoadModeFile", "&Load Mode File");
+    MnuSaveModeFile = AddAction(file, "MnuSaveModeFile", "&Save Mode File");
+    MnuEditModeFile = AddAction(file, "MnuEditModeFile", "&Edit Mode File");
     MnuFileExit = AddAction(file, "MnuFileExit", "E&xit");
     MnuFileExit->setEnabled(true);
     connect(MnuFileExit, &QAction::triggered, this, [this] {
@@ -168,7 +181,7 @@ void Form1::BuildMenus() {
     QMenu* display = menu("MnuDisplay", "&Display");
     MnuRealTime = AddAction(display, "MnuRealTime", "&RealTime", true);
     MnuUseGMT = AddAction(display, "MnuUseGMT", "Use &GMT", true);
-    AddAction(display, "MnuPrediction", "&Predict");
+    MnuPrediction = AddAction(display, "MnuPrediction", "&Predict");
     AddAction(display, "MnuEphemeris", "&Ephemeris");
     AddAction(display, "MnuSkyMap", "S&ky Map");
     AddAction(display, "MnuCMIOPlaneMap", "&CM Io Plane Map");
@@ -191,7 +204,7 @@ void Form1::BuildMenus() {
     AddAction(tools, "mnuAltAzTable", "&Alt Az Table");
 
     QMenu* window = menu("MnuWindow", "&Window");
-    AddAction(window, "MnuWindowPredict", "&Predict");
+    MnuWindowPredict = AddAction(window, "MnuWindowPredict", "&Predict");
     AddAction(window, "MnuWindowEphemeris", "&Ephemeris");
     AddAction(window, "MnuWindowCMIOPlane", "&CM-Io Plane");
     AddAction(window, "MnuWindowSkyMap", "&Sky Map");
@@ -392,6 +405,7 @@ void Form1::Load() {
     titleText_ = "Tarvelle";
     versionText_ = std::to_string(TARVELLE_VERSION_MAJOR) + "." + std::to_string(TARVELLE_VERSION_MINOR) +
                    "." + std::to_string(TARVELLE_VERSION_PATCH);
+    st_.VersionText = versionText_;
     core_.DateFormatChoice = static_cast<int>(
         RoundHalfEven(PlainNumber(st_.settings.get("Settings", "DFormat", "0").toStdString())));
 
@@ -545,7 +559,15 @@ void Form1::ConnectCommands() {
     connect(mnuDateFormat, &QAction::triggered, this, &Form1::mnuDateFormatClick);
     connect(mnuObserver, &QAction::triggered, this, &Form1::mnuObserverClick);
     connect(cmdObserver, &QToolButton::clicked, this, &Form1::mnuObserverClick);
-    for (QAction* a : {mnuHTMLHelp, mnuOnLineHelp, mnuAbout}) a->setEnabled(true);
+    for (QAction* a : {mnuHTMLHelp, mnuOnLineHelp, mnuAbout, MnuPrediction, MnuLoadModeFile, MnuSaveModeFile,
+                       MnuEditModeFile})
+        a->setEnabled(true);
+    CmdPredict->setEnabled(true);
+    connect(MnuPrediction, &QAction::triggered, this, &Form1::MnuPredictionClick);
+    connect(CmdPredict, &QToolButton::clicked, this, &Form1::MnuPredictionClick);
+    connect(MnuLoadModeFile, &QAction::triggered, this, [this] { MnuLoadModeFileClick(st_); });
+    connect(MnuSaveModeFile, &QAction::triggered, this, [this] { MnuSaveModeFileClick(st_); });
+    connect(MnuEditModeFile, &QAction::triggered, this, [this] { MnuEditModeFileClick(st_, this); });
     connect(mnuHTMLHelp, &QAction::triggered, this, [this] { ShowHtmlHelp(st_); });
     connect(mnuOnLineHelp, &QAction::triggered, this, [this] { ShowOnlineHelp(st_); });
     connect(mnuAbout, &QAction::triggered, this, [this] {
@@ -737,6 +759,65 @@ void Form1::RegisterViewWindow(QWidget* window, QAction* displayItem, QAction* w
         guarded->raise();
         guarded->activateWindow();
     });
+}
+
+void Form1::LoadPictureStore() {
+    if (form8_) return;
+    form8_ = new Form8(this);
+    form8_->setWindowFlag(Qt::Window); // a hidden window of its own, never shown
+    form8_->hide();
+}
+
+void Form1::LoadModeFile() {
+    int status = 0;
+    tarvelle::LoadModeFile(st_.modes, status, st_.dialogs);
+}
+
+void Form1::UpdateTodayActivity() {
+    tarvelle::UpdateTodayActivity(core_, st_.modes, st_.minutes, st_.activity, st_.clock.LocalNow());
+}
+
+void Form1::CheckForActivity(bool& found, std::string& names) {
+    tarvelle::CheckForActivity(core_, st_.modes, st_.activity, found, names);
+}
+
+// The activity line: the modes predicted active this minute, on the status line.
+void Form1::VisualAlert() {
+    LBLQ->clear();
+    bool found = false;
+    std::string names;
+    CheckForActivity(found, names);
+    if (found) {
+        LBLQ->setText("Possible Activity:  " + Q(names));
+        if (isMinimized()) setWindowTitle(Q(names));
+        PicJupIcon->show();
+    } else {
+        PicJupIcon->hide();
+        setWindowTitle(Q(titleText_));
+    }
+}
+
+void Form1::MnuPredictionClick() {
+    if (!st_.modes.ModesLoaded) {
+        st_.dialogs.Message("No Mode File Has Been Loaded. \r\n Prediction Not Possible.");
+        return;
+    }
+    timer1_->stop();
+    if (auto* open = findChild<Form3*>(); open && open->isVisible()) {
+        open->raise();
+        open->activateWindow();
+        return;
+    }
+    auto* form3 = new Form3(
+        st_, [this] { timer1_->stop(); },
+        [this] {
+            MnuPrediction->setChecked(false);
+            MnuWindowPredict->setEnabled(false);
+        },
+        this);
+    form3->setAttribute(Qt::WA_DeleteOnClose);
+    RegisterViewWindow(form3, MnuPrediction, MnuWindowPredict);
+    form3->show();
 }
 
 } // namespace tarvelle

@@ -60,6 +60,11 @@ public:
     void GetTimeFromBox(double& t);
     // "hh:mm:ss", or "" after telling the user the time could not be read.
     QString ParseTimeText(const QString& text);
+    // The day's activity for the main window, and the activity line on the status line.
+    void UpdateTodayActivity();
+    void CheckForActivity(bool& found, std::string& names);
+    void VisualAlert();
+    void MnuPredictionClick();
     // Closes every window but this one, the picture store and the observer window.
     void CloseForms();
     // A view window opened from the display menu: checks its menu item and enables its entry in
@@ -91,13 +96,11 @@ private:
     // Start-up and tick steps that belong to subsystems not in this build yet; each is the
     // call it will be, in its place, and does nothing until its subsystem lands.
     void LoadProbTable() {}
-    void LoadPictureStore() {}
-    void LoadModeFile() {}
+    void LoadPictureStore();
+    void LoadModeFile();
     void LoadAutomationParameters() {}
-    void UpdateTodayActivity() {}
     void LoadJISParameters() {}
     void StartJIS() {}
-    void VisualAlert() {}
     void AutomationMonitor() {}
     void SendJISInfo() {}
 
@@ -113,6 +116,7 @@ private:
     bool calendarCancelled_ = false;
 
     QTimer* timer1_ = nullptr;
+    class Form8* form8_ = nullptr;
     QWidget* buttonRow_ = nullptr;
     QWidget* datePanel_ = nullptr;
 
@@ -133,6 +137,10 @@ public:
     QAction *MnuRealTime = nullptr, *MnuUseGMT = nullptr, *MnuFileExit = nullptr;
     QAction *mnuCalendar = nullptr, *mnuDateFormat = nullptr, *mnuObserver = nullptr;
     QAction *mnuHTMLHelp = nullptr, *mnuOnLineHelp = nullptr, *mnuAbout = nullptr;
+    QAction *MnuPrediction = nullptr, *MnuWindowPredict = nullptr;
+    QAction *MnuLoadModeFile = nullptr, *MnuSaveModeFile = nullptr, *MnuEditModeFile = nullptr;
+    QLabel* PicJupIcon = nullptr; // shown while a mode is active
+    class Form8* PictureStore() const { return form8_; }
 };
 
 } // namespace tarvelle

@@ -1,1 +1,40 @@
+// Form8, "Picture Storage": the hidden window that holds the fixed pictures of the plots for the
+// whole run. It is created once at start-up and never shown. Every picture is a PlotSurface in
+// pixel mode; the artwork is drawn here in code, the same on every run.
+//
+//   Pic408             360 x 360 false-colour all-sky picture on dark blue (sky image viewer)
+//   PicSun, PicJup     19 x 19 sprites: a disc on black
+//   PicMask            19 x 19: the disc in black on white, the one mask of both sprites
+//   PicBack1..PicBack4 19 x 19 save-under scratch for MoveSprite
 #pragma once
+
+#include "plot_surface.h"
+
+#include <QWidget>
+
+namespace tarvelle {
+
+// The sprites' disc: 17 pixels wide and 16 high, its first row and column one pixel in from the
+// top-left corner of the 19 x 19 block; the other 137 pixels of the block lie outside it.
+constexpr int kSpriteSize = 19;
+constexpr int kSpriteDiscPixels = 224;
+bool SpriteDiscContains(int x, int y);
+
+class Form8 : public QWidget {
+    Q_OBJECT
+public:
+    explicit Form8(QWidget* parent = nullptr);
+
+    PlotSurface Pic408{360, 360, RGB(0, 0, 96)};
+    PlotSurface PicSun{kSpriteSize, kSpriteSize, 0};
+    PlotSurface PicJup{kSpriteSize, kSpriteSize, 0};
+    PlotSurface PicMask{kSpriteSize, kSpriteSize, 0xFFFFFF};
+    PlotSurface PicBack1{kSpriteSize, kSpriteSize, 0};
+    PlotSurface PicBack2{kSpriteSize, kSpriteSize, 0};
+    PlotSurface PicBack3{kSpriteSize, kSpriteSize, 0};
+    PlotSurface PicBack4{kSpriteSize, kSpriteSize, 0};
+};
+
+using PictureStore = Form8;
+
+} // namespace tarvelle

@@ -46,6 +46,7 @@ struct Station {
     Dialogs& dialogs;
     Desktop& desktop;
     QString programDir; // with a trailing separator
+    std::string VersionText; // "3.8.2", set at start-up
     QString SelectedDir; // the folder the directory chooser starts from and gives back
 
     // Reads the computer's clock into CurrentUT, in GMT.

@@ -1,6 +1,10 @@
 // tarvelle-cli: its output format and its refusals.
 #include "cli_commands.h"
 
+#include "astro_core.h"
+#include "date_value.h"
+#include "event_report.h"
+
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
@@ -89,4 +93,170 @@ TEST(Cli, BadArgumentsExitTwoWithOneLine) {
         EXPECT_TRUE(r.out.empty());
         EXPECT_FALSE(r.err.empty());
     }
+}
+
+namespace {
+
+// A mode file of three modes: always on, never on (reversed Io), and one that the defaults
+// exclude sometimes.
+class CliPrediction : public ::testing::Test {
+protected:
+    void SetUp() override {
+        modes = dir.filePath("modes.jmf").toStdString();
+        std::ofstream(modes, std::ios::binary) << "Io-all\r\n 0 \r\n 360 \r\n 0 \r\n 360 \r\n"
+                                                  "never\r\n 0 \r\n 360 \r\n 20 \r\n 10 \r\n"
+                                                  "Io-B\r\n 105 \r\n 185 \r\n 0 \r\n 360 \r\n";
+    }
+    std::string Read(const std::string& path) const {
+        std::ifstream in(path, std::ios::binary);
+        std::ostringstream text;
+        text << in.rdbuf();
+        return text.str();
+    }
+    std::vector<std::string> Place() const { return {"--modes", modes, "--lat", "39:15:00", "--lng", "76:30:00"}; }
+    Result With(std::vector<std::string> args) const {
+        for (const auto& a : Place()) args.push_back(a);
+        return RunArgs(args);
+    }
+    QTemporaryDir dir;
+    std::string modes;
+};
+
+std::vector<std::string> Fields(const std::string& line, char separator = '\t') {
+    std::vector<std::string> out(1);
+    for (char c : line) {
+        if (c == separator)
+            out.emplace_back();
+        else
+            out.back() += c;
+    }
+    return out;
+}
+
+} // namespace
+
+TEST_F(CliPrediction, GridRowsAsTheWindowHoldsThem) {
+    const Result r = With({"predict", "--date", "2026-03-01", "--jup-alt-min", "-90", "--sun-alt-max", "90",
+                           "--min-ha", "-48", "--max-ha", "48"});
+    ASSERT_EQ(r.status, 0) << r.err;
+    const auto lines = Lines(r.out);
+    ASSERT_EQ(lines.size(), 4u);
+    EXPECT_EQ(Fields(lines[0]), (std::vector<std::string>{"", "Begin", " End", "Begin", "", "", ""}));
+    EXPECT_EQ(Fields(lines[1]), (std::vector<std::string>{"Io-all", "00:00", "23:59", "", "", "", ""}));
+    EXPECT_EQ(Fields(lines[2]), (std::vector<std::string>{"never", "NONE", "", "", "", "", ""}));
+    EXPECT_EQ(Fields(lines[3])[0], "Io-B");
+    EXPECT_NE(Fields(lines[3])[1], "NONE"); // CML passes 105 to 185 every day
+
+    // The default limits cut the all-day event down to the hours when Jupiter is up in the dark.
+    const Result limited = With({"predict", "--date", "2026-03-01"});
+    ASSERT_EQ(limited.status, 0) << limited.err;
+    EXPECT_NE(Lines(limited.out)[1], lines[1]);
+}
+
+TEST_F(CliPrediction, TablesFollowTheGrid) {
+    const Result r = With({"predict", "--date", "2024-02-29", "--tables"});
+    ASSERT_EQ(r.status, 0) << r.err;
+    const auto lines = Lines(r.out);
+    ASSERT_EQ(lines.size(), 4u + 1u + 1u + 1441u);
+    EXPECT_EQ(lines[4], "");
+    EXPECT_EQ(lines[5], "m,MinuteCML,MinuteIo,MinuteSunAlt,MinuteJupAlt,MinuteJupHA,ModeActivity1,ModeActivity2,"
+                        "ModeActivity3");
+    EXPECT_EQ(lines[6], "0,0,0,0,0,0,0,0,0");
+    // The always-on mode is 1 where nothing excludes it and -1 elsewhere; the grid's first
+    // begin is the minute before its first 1.
+    int first = -1;
+    for (int m = 1; m <= 1440; ++m) {
+        const auto row = Fields(lines[static_cast<size_t>(6 + m)], ',');
+        ASSERT_EQ(row.size(), 9u);
+        EXPECT_EQ(row[0], std::to_string(m));
+        EXPECT_TRUE(row[6] == "1" || row[6] == "-1") << m;
+        EXPECT_EQ(row[7], "0") << m;
+        if (first < 0 && row[6] == "1") first = m;
+    }
+    ASSERT_GT(first, 0);
+    EXPECT_EQ(Fields(lines[1])[1], MinutesToHHMM(first - 1));
+}
+
+TEST_F(CliPrediction, ReportFileAsTheWriterMakesIt) {
+    const std::string out = dir.filePath("r.txt").toStdString();
+    const Result r = With({"report", "--from", "2024-02-28", "--to", "2024-03-01", "--out", out, "--min-duration",
+                           "-3", "--hour-angle", "--no-none", "--date-format", "2", "--jup-alt-min", "5x",
+                           "--sun-alt-max", "-6", "--min-ha", "-5", "--max-ha", "5.5"});
+    ASSERT_EQ(r.status, 0) << r.err;
+    EXPECT_TRUE(r.out.empty());
+
+    Core c;
+    c.ObLatText = "39:15:00";
+    c.ObLngText = "76:30:00";
+    c.ObsLatitude = 39.25f;
+    c.ObsLongitude = 76.5f;
+    c.DateFormatChoice = 2;
+    ReportOptions o;
+    o.ReportStart = DateSerial(2024, 2, 28);
+    o.ReportEnd = DateSerial(2024, 3, 1);
+    o.ReportIncludeHA = true;
+    o.ReportNoNONE = true;
+    o.jupAltMinText = "5x";
+    o.sunAltMaxText = "-6";
+    o.versionText = "3.8.2";
+    ModeTableState m;
+    m.NumModes = 3;
+    m.ModeName = {"", "Io-all", "never", "Io-B"};
+    m.ModeTable[1] = {0, 0, 360, 0, 360};
+    m.ModeTable[2] = {0, 0, 360, 20, 10};
+    m.ModeTable[3] = {0, 105, 185, 0, 360};
+    std::ostringstream expected;
+    WriteEventReport(c, m, o, ExclusionsFromTexts("5x", "-6", "-5", "5.5"), expected);
+    const std::string text = Read(out);
+    EXPECT_EQ(text, expected.str());
+    EXPECT_NE(text.find("Report Period  (GMT) 28/02/2024  to  01/03/2024    ( DD  MM  YYYY )\r\n"),
+              std::string::npos);
+    EXPECT_NE(text.find("Exclude times when Jupiter is below 5x deg.\r\n"), std::string::npos);
+    EXPECT_NE(text.find("at least  0 minutes."), std::string::npos); // a negative minimum is 0
+    EXPECT_NE(text.find("< Year 2024   Month 2   Day 29 >"), std::string::npos);
+    EXPECT_EQ(text.find("NONE"), std::string::npos);
+}
+
+TEST_F(CliPrediction, ReportFlagsAndDefaults) {
+    const std::string out = dir.filePath("plain.txt").toStdString();
+    ASSERT_EQ(With({"report", "--from", "2025-12-31", "--to", "2026-01-01", "--out", out}).status, 0);
+    const std::string plain = Read(out);
+    EXPECT_EQ(plain.rfind("JUPITER EVENT PREDICTIONS\r\n\r\nReport Period  (GMT) 2025/12/31  to  2026/01/01", 0), 0u);
+    EXPECT_NE(plain.find("below 0 deg.\r\nExclude times when Sun is above 0 deg."), std::string::npos);
+    EXPECT_NE(plain.find("\r\nnever     NONE      \r\n"), std::string::npos);
+
+    ASSERT_EQ(With({"report", "--from", "2025-12-31", "--to", "2026-01-01", "--out", out, "--no-header", "--io-only"})
+                  .status,
+              0);
+    const std::string ioOnly = Read(out);
+    EXPECT_EQ(ioOnly.rfind("< Year 2025   Month 12   Day 31 >\r\n\r\n" + std::string(10, ' ') + "Begin      End      \r\n",
+                           0),
+              0u);
+    EXPECT_EQ(ioOnly.find("never"), std::string::npos);
+    EXPECT_EQ(ioOnly.substr(ioOnly.size() - 17), "End of Report\r\n\r\n");
+}
+
+TEST_F(CliPrediction, RefusalsExitTwo) {
+    const std::string out = dir.filePath("x.txt").toStdString();
+    for (const auto& args : std::vector<std::vector<std::string>>{
+             {"predict"},
+             {"predict", "--date", "1899-12-31"},
+             {"predict", "--date", "2026-01-01", "--modes-file", "m"},
+             {"report", "--from", "2026-01-02", "--to", "2026-01-01", "--out", out},
+             {"report", "--from", "1899-12-31", "--to", "2026-01-01", "--out", out},
+             {"report", "--from", "2026-01-01", "--to", "3001-01-01", "--out", out},
+             {"report", "--from", "2026-01-01", "--to", "2026-01-02"},
+             {"report", "--from", "2026-01-01", "--to", "2026-01-02", "--out", out, "--date-format", "3"},
+             {"report", "--from", "2026-01-01", "--to", "2026-01-02", "--out", "/nonexistent/dir/r.txt"},
+         }) {
+        const Result r = With(args);
+        EXPECT_EQ(r.status, 2) << args[0] << " " << (args.size() > 2 ? args[2] : "");
+        EXPECT_TRUE(r.out.empty());
+        EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << r.err;
+    }
+    const Result missing =
+        RunArgs({"predict", "--date", "2026-01-01", "--modes", "/nonexistent/m.jmf", "--lat", "0", "--lng", "0"});
+    EXPECT_EQ(missing.status, 2);
+    EXPECT_NE(missing.err.find("/nonexistent/m.jmf"), std::string::npos);
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(out)));
 }

@@ -1,1 +1,252 @@
+// The event report, byte for byte: the header, the day blocks with every option, and whole
+// reports over spans that cross a year, a month and a leap day. Expected texts are written out
+// from the layout rules: cells of ten, CR LF line ends, one extra CR LF per write.
+#include "event_report.h"
+
+#include "date_value.h"
+
 #include <gtest/gtest.h>
+
+#include <sstream>
+
+using namespace tarvelle;
+
+namespace {
+
+std::string B(size_t n) {
+    return std::string(n, ' ');
+}
+
+const std::string kRule = "_______________________________\r\n";
+
+Core Observer() {
+    Core c;
+    c.ObsLatitude = 39.25f;
+    c.ObsLongitude = 76.5f;
+    c.ObLatText = "39:15:00";
+    c.ObLngText = "76:30:00";
+    return c;
+}
+
+// The grid of a day with three modes: two events, one event, none.
+PredictionGrid ThreeModeGrid() {
+    PredictionGrid g;
+    g.Rows = 4;
+    g.Cells[0] = {"", "Begin", " End", "Begin", "", "", ""};
+    g.Cells[1] = {"Io-A", "01:00", "02:00", "23:00", "23:59", "", ""};
+    g.Cells[2] = {"radio-B", "00:00", "00:30", "", "", "", ""};
+    g.Cells[3] = {"Io-C", "NONE", "", "", "", "", ""};
+    return g;
+}
+
+// Hour angles at the rows the times name, and different ones a row later, where the events
+// really begin.
+MinuteTables HourAngles() {
+    MinuteTables t;
+    t.MinuteJupHA.assign(1441, 7.7f);
+    t.MinuteJupHA[60] = 1.5f;
+    t.MinuteJupHA[120] = 2.5f;
+    t.MinuteJupHA[1380] = -3.2f;
+    t.MinuteJupHA[1439] = 11.96f;
+    t.MinuteJupHA[0] = 0.0f;
+    t.MinuteJupHA[30] = -0.5f;
+    return t;
+}
+
+const std::string kHeading = B(10) + "Begin     " + " End      " + "Begin     " + B(30);
+const std::string kRowA = "Io-A      01:00     02:00     23:00     23:59     " + B(20);
+const std::string kRowB = "radio-B   00:00     00:30     " + B(40);
+const std::string kRowC = "Io-C      NONE      \r\n" + B(50);
+const std::string kHourAnglesA = " Hr Ang    01.5      02.5      -03.2     12.0      ";
+const std::string kHourAnglesB = " Hr Ang    00.0      -00.5     ";
+const std::string kLeapDay = "< Year 2024   Month 2   Day 29 >\r\n\r\n";
+
+std::string Block(ReportOptions o) {
+    return ReportDayBlock(DateSerial(2024, 2, 29), ThreeModeGrid(), HourAngles(), o);
+}
+
+ModeTableState AllDayAndNever() {
+    ModeTableState modes;
+    modes.ModeName[1] = "Io-all";
+    modes.ModeTable[1] = {0, 0, 360, 0, 360};
+    modes.ModeName[2] = "Io-never";
+    modes.ModeTable[2] = {0, 0, 360, 20, 10};
+    modes.NumModes = 2;
+    modes.ModesLoaded = true;
+    return modes;
+}
+
+// Limits that take nothing out.
+ReportExclusions Open() {
+    ReportExclusions ex;
+    ex.ReportJupAltMin = -90.0f;
+    ex.ReportSunAltMax = 90.0f;
+    ex.MinHA = -48.0;
+    ex.MaxHA = 48.0;
+    return ex;
+}
+
+std::string DayOfAllDayAndNever(int y, int m, int d) {
+    return "< Year " + std::to_string(y) + "   Month " + std::to_string(m) + "   Day " + std::to_string(d) +
+           " >\r\n\r\n" + B(10) + "Begin      End      " + B(40) + "\r\n" + "Io-all    00:00     23:59     " + B(40) +
+           "\r\n" + "Io-never  NONE      \r\n" + B(50) + "\r\n" + kRule + "\r\n";
+}
+
+std::string Header(const std::string& period, const std::string& minutes) {
+    return "JUPITER EVENT PREDICTIONS\r\n\r\n"
+           "Report Period  (GMT) " +
+           period +
+           "\r\n"
+           "Reference Coordinates:  Longitude 76:30:00 W     Latitude 39:15:00\r\n"
+           "Exclude times when Jupiter is below -90 deg.\r\n"
+           "Exclude times when Sun is above 90 deg.\r\n"
+           "Include only events that last at least " +
+           minutes +
+           " minutes.\r\n"
+           "Tarvelle Software Version 3.8.2\r\n\r\n";
+}
+
+ReportOptions Span(double start, double end) {
+    ReportOptions o;
+    o.ReportStart = start;
+    o.ReportEnd = end;
+    o.jupAltMinText = "-90";
+    o.sunAltMaxText = "90";
+    o.versionText = "3.8.2";
+    return o;
+}
+
+std::string ReportOf(Core& c, const ReportOptions& o, ReportOutcome expected = ReportOutcome::Completed,
+                const std::function<bool(double)>& onDay = {}) {
+    std::ostringstream out;
+    EXPECT_EQ(WriteEventReport(c, AllDayAndNever(), o, Open(), out, onDay), expected);
+    return out.str();
+}
+
+} // namespace
+
+TEST(ReportHeader, EachDateOrderAndTheMinimum) {
+    Core c = Observer();
+    ReportOptions o = Span(DateSerial(2024, 2, 27), DateSerial(2024, 3, 1));
+    o.ReportMinDuration = 2.5f;
+    EXPECT_EQ(ReportHeaderText(c, o), Header("2024/02/27  to  2024/03/01    ( YYYY  MM  DD )", " 2.5"));
+    c.DateFormatChoice = 1;
+    o.ReportMinDuration = 0.0f;
+    EXPECT_EQ(ReportHeaderText(c, o), Header("02/27/2024  to  03/01/2024    ( MM  DD YYYY )", " 0"));
+    c.DateFormatChoice = 2;
+    o.ReportMinDuration = 15.0f;
+    EXPECT_EQ(ReportHeaderText(c, o), Header("27/02/2024  to  01/03/2024    ( DD  MM  YYYY )", " 15"));
+    c.DisplayWest = "E";
+    EXPECT_NE(ReportHeaderText(c, o).find("Longitude 76:30:00 E     Latitude"), std::string::npos);
+}
+
+TEST(ReportRows, CellsOfTenAndNoneEndsTheLine) {
+    const PredictionGrid g = ThreeModeGrid();
+    EXPECT_EQ(ReportRowText(g, 0), kHeading);
+    EXPECT_EQ(ReportRowText(g, 1), kRowA);
+    EXPECT_EQ(ReportRowText(g, 3), kRowC);
+    PredictionGrid longName = g;
+    longName.Cells[1][0] = "non-Io-A-long"; // not cut
+    EXPECT_EQ(ReportRowText(longName, 1).substr(0, 24), "non-Io-A-long 01:00     ");
+    // Hour angles are read at the row each time names; a NONE cell gives ten blanks.
+    EXPECT_EQ(ReportHourAngleRow(g, 1, HourAngles()), kHourAnglesA);
+    EXPECT_EQ(ReportHourAngleRow(g, 3, HourAngles()), " Hr Ang    " + B(10));
+}
+
+TEST(ReportBlock, PlainAndWithHourAngles) {
+    ReportOptions o;
+    EXPECT_EQ(Block(o), kLeapDay + kHeading + "\r\n" + kRowA + "\r\n" + kRowB + "\r\n" + kRowC + "\r\n" + kRule);
+    o.ReportIncludeHA = true;
+    EXPECT_EQ(Block(o), kLeapDay + kHeading + "\r\n" + "\r\n\r\n" + kRowA + "\r\n" + kHourAnglesA + "\r\n\r\n" +
+                            kRowB + "\r\n" + kHourAnglesB + "\r\n\r\n" + kRowC + "\r\n" + kRule);
+}
+
+TEST(ReportBlock, IoOnlyAndNoNone) {
+    ReportOptions o;
+    o.ReportIoOnly = true; // "radio-B" has "io" but not "Io"
+    const std::string cutHeading = B(10) + "Begin     " + " End      ";
+    EXPECT_EQ(Block(o), kLeapDay + cutHeading + "\r\n" + kRowA + "\r\n" + kRowC + "\r\n" + kRule);
+    o.ReportNoNONE = true;
+    EXPECT_EQ(Block(o), kLeapDay + cutHeading + "\r\n" + kRowA + "\r\n" + kRule);
+    o.ReportIncludeHA = true; // a row left out takes its hour angles with it
+    EXPECT_EQ(Block(o), kLeapDay + cutHeading + "\r\n\r\n\r\n" + kRowA + "\r\n" + kHourAnglesA + "\r\n\r\n" + kRule);
+    o.ReportIoOnly = false;
+    EXPECT_EQ(Block(o), kLeapDay + kHeading + "\r\n\r\n\r\n" + kRowA + "\r\n" + kHourAnglesA + "\r\n\r\n" + kRowB +
+                            "\r\n" + kHourAnglesB + "\r\n\r\n" + kRule);
+}
+
+TEST(ReportBlock, WrittenOnlyWithAnEventTime) {
+    PredictionGrid none;
+    none.Rows = 2;
+    none.Cells[0] = {"", "Begin", "", "", "", "", ""};
+    none.Cells[1] = {"Io-A", "NONE", "", "", "", "", ""};
+    const std::string block = ReportDayBlock(DateSerial(2025, 1, 5), none, HourAngles(), ReportOptions{});
+    EXPECT_EQ(block, "< Year 2025   Month 1   Day 5 >\r\n\r\n" + B(10) + "Begin     " + B(50) + "\r\n" +
+                         "Io-A      NONE      \r\n" + B(50) + "\r\n" + kRule);
+    EXPECT_EQ(ReportBlockBytes(block), "");
+    const std::string events = Block(ReportOptions{});
+    EXPECT_EQ(ReportBlockBytes(events), events + "\r\n");
+
+    int rows = 0;
+    ReportDayBlock(DateSerial(2025, 1, 5), ThreeModeGrid(), HourAngles(), ReportOptions{}, [&rows] { ++rows; });
+    EXPECT_EQ(rows, 4);
+}
+
+TEST(ReportFile, DefaultName) {
+    EXPECT_EQ(DefaultReportFileName(DateSerial(2004, 3, 2)), "20040302JP.TXT");
+    EXPECT_EQ(DefaultReportFileName(DateSerial(2031, 11, 30)), "20311130JP.TXT");
+}
+
+TEST(WholeReport, AcrossAYearEnd) {
+    Core c = Observer();
+    c.CurrentUT = DateSerial(2020, 1, 1) + 0.25;
+    const ReportOptions o = Span(DateSerial(2023, 12, 30), DateSerial(2024, 1, 1));
+    EXPECT_EQ(ReportOf(c, o), Header("2023/12/30  to  2024/01/01    ( YYYY  MM  DD )", " 0") +
+                             DayOfAllDayAndNever(2023, 12, 30) + DayOfAllDayAndNever(2023, 12, 31) +
+                             DayOfAllDayAndNever(2024, 1, 1) + "End of Report\r\n\r\n");
+    EXPECT_EQ(c.CurrentUT, DateSerial(2020, 1, 1) + 0.25);
+}
+
+TEST(WholeReport, AcrossALeapDayWithoutHeaderOrNone) {
+    Core c = Observer();
+    ReportOptions o = Span(DateSerial(2024, 2, 28), DateSerial(2024, 3, 1));
+    o.ReportHeader = false;
+    o.ReportNoNONE = true;
+    o.ReportMinDuration = 1439.0f; // the whole-day event lasts 1439 minutes by the filter's count
+    auto day = [](int m, int d) {
+        return "< Year 2024   Month " + std::to_string(m) + "   Day " + std::to_string(d) + " >\r\n\r\n" + B(10) +
+               "Begin      End      " + B(40) + "\r\n" + "Io-all    00:00     23:59     " + B(40) + "\r\n" + kRule +
+               "\r\n";
+    };
+    EXPECT_EQ(ReportOf(c, o), day(2, 28) + day(2, 29) + day(3, 1) + "End of Report\r\n\r\n");
+
+    // One minute more and the events go, leaving only minute 1440, which the grid shows as
+    // none: no day keeps a time, so no block is written.
+    o.ReportMinDuration = 1440.0f;
+    EXPECT_EQ(ReportOf(c, o), "End of Report\r\n\r\n");
+    o.ReportNoNONE = false;
+    EXPECT_EQ(ReportOf(c, o), "End of Report\r\n\r\n");
+}
+
+TEST(WholeReport, OneDayWhenStartAndEndAgree) {
+    Core c = Observer();
+    ReportOptions o = Span(DateSerial(2025, 3, 31), DateSerial(2025, 3, 31));
+    o.ReportHeader = false;
+    o.ReportIoOnly = true;
+    EXPECT_EQ(ReportOf(c, o), "< Year 2025   Month 3   Day 31 >\r\n\r\n" + B(10) + "Begin      End      " + "\r\n" +
+                             "Io-all    00:00     23:59     " + B(40) + "\r\n" + "Io-never  NONE      \r\n" + B(50) +
+                             "\r\n" + kRule + "\r\n" + "End of Report\r\n\r\n");
+}
+
+TEST(WholeReport, CancelledBetweenDays) {
+    Core c = Observer();
+    ReportOptions o = Span(DateSerial(2024, 12, 30), DateSerial(2025, 1, 3));
+    o.ReportHeader = false;
+    std::vector<double> asked;
+    const std::string text = ReportOf(c, o, ReportOutcome::Cancelled, [&asked](double day) {
+        asked.push_back(day);
+        return asked.size() < 3;
+    });
+    EXPECT_EQ(asked, (std::vector<double>{DateSerial(2024, 12, 30), DateSerial(2024, 12, 31), DateSerial(2025, 1, 1)}));
+    EXPECT_EQ(text, DayOfAllDayAndNever(2024, 12, 30) + DayOfAllDayAndNever(2024, 12, 31));
+}

@@ -1,1 +1,223 @@
+// Form4 and the File menu's mode file commands, driven through named controls, with file
+// dialogs and messages scripted by the dialog double.
+#include "mode_commands.h"
+#include "mode_editor_window.h"
+#include "mode_file.h"
+
 #include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <memory>
+
+using namespace tarvelle;
+
+namespace {
+
+class ModeEditorTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        programDir = dir.path() + "/";
+        settings = std::make_unique<SettingsStore>(dir.filePath("s.ini"));
+        station = std::make_unique<Station>(*settings, clock, dialogs, desktop, programDir);
+        ModeTableState& m = modes();
+        m.ModeFileName = (programDir + "UFMODES.JMF").toStdString();
+        m.NumModes = 3;
+        const char* names[] = {"Io-A", "Io-B", "wrap"};
+        const int16_t rows[][4] = {{200, 270, 195, 265}, {105, 185, 75, 105}, {350, 10, 0, 360}};
+        for (int i = 1; i <= 3; ++i) {
+            m.ModeName[i] = names[i - 1];
+            for (int c = 1; c <= 4; ++c) m.ModeTable[i][c] = rows[i - 1][c - 1];
+        }
+        m.ModesLoaded = true;
+    }
+    ModeTableState& modes() { return station->modes; }
+    QByteArray Read(const QString& path) {
+        QFile f(path);
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }
+    void Write(const QString& path, const QByteArray& content) {
+        QFile f(path);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(content);
+    }
+    QString StoredModeFile() { return settings->get("Startup", "ModeFileName", "unset"); }
+
+    QTemporaryDir dir;
+    QString programDir;
+    std::unique_ptr<SettingsStore> settings;
+    FakeClock clock;
+    ScriptedDialogs dialogs;
+    RecordingDesktop desktop;
+    std::unique_ptr<Station> station;
+};
+
+} // namespace
+
+TEST_F(ModeEditorTest, OpensOnTheTableWithItsNamedControls) {
+    Form4 form(*station);
+    EXPECT_EQ(form.objectName(), "Form4");
+    EXPECT_EQ(form.windowTitle(), "Edit Mode File: " + programDir + "UFMODES.JMF");
+    EXPECT_EQ(form.Label1->text(), "Name          CML1     CML2      IoP1       IoP2");
+    ASSERT_EQ(form.txtName.size(), 10);
+    ASSERT_EQ(form.txtIoE.size(), 10);
+    EXPECT_EQ(form.findChildren<QLineEdit*>("txtCMLe").size(), 10);
+    EXPECT_EQ(form.txtName[2]->text(), "wrap");
+    EXPECT_EQ(form.txtCMLs[2]->text(), "350");
+    EXPECT_EQ(form.txtCMLe[2]->text(), "10");
+    EXPECT_EQ(form.txtName[3]->text(), ""); // rows beyond NumModes stay empty
+    EXPECT_EQ(form.txtCMLs[3]->text(), "");
+    EXPECT_EQ(form.txtIoE[0]->toolTip(), "end of Io Phase range.");
+    EXPECT_EQ(form.findChild<QPushButton*>("CmdKeep")->text(), "Apply");
+    EXPECT_NE(form.findChild<QAction*>("MnuPrint"), nullptr);
+}
+
+TEST_F(ModeEditorTest, ApplyTakesTheRowsAndDiscardAndExitLeaveTheTable) {
+    {
+        Form4 form(*station);
+        form.txtCMLs[0]->setText("12.5");
+        form.txtName[1]->setText("renamed");
+        form.CmdCancel->click();
+        EXPECT_EQ(form.result(), QDialog::Rejected);
+        form.MnuExit->trigger();
+        EXPECT_FALSE(form.isVisible());
+    }
+    EXPECT_EQ(modes().ModeTable[1][CML1], 200);
+    EXPECT_EQ(modes().ModeName[2], "Io-B");
+
+    Form4 form(*station);
+    form.txtCMLs[0]->setText("12.5");
+    form.txtCMLe[0]->setText("13.5");
+    form.txtIoS[1]->setText("none");
+    form.txtName[3]->setText("below");
+    form.txtName[2]->setText(" ");
+    form.CmdKeep->click();
+    EXPECT_EQ(form.result(), QDialog::Accepted);
+    EXPECT_EQ(modes().NumModes, 2);
+    EXPECT_EQ(modes().ModeTable[1][CML1], 12);
+    EXPECT_EQ(modes().ModeTable[1][CML2], 14);
+    EXPECT_EQ(modes().ModeTable[2][IoP1], 0);
+    EXPECT_EQ(modes().ModeName[4], "");
+}
+
+TEST_F(ModeEditorTest, SaveInTheEditorMovesTheModeFileAndTheSettingButTheMenuSaveDoesNot) {
+    const QString menuCopy = programDir + "copy.jmf";
+    dialogs.paths = {menuCopy};
+    MnuSaveModeFileClick(*station);
+    EXPECT_EQ(QString::fromStdString(modes().ModeFileName), programDir + "UFMODES.JMF");
+    EXPECT_EQ(StoredModeFile(), "unset");
+    const QByteArray written = Read(menuCopy);
+    EXPECT_TRUE(written.startsWith("Io-A\r\n 200 \r\n 270 \r\n 195 \r\n 265 \r\nIo-B\r\n"));
+    EXPECT_EQ(written.count("\r\n"), 30); // six records of five lines
+
+    Form4 form(*station);
+    form.show();
+    form.txtCMLs[2]->setText("340");
+    dialogs.paths = {""}; // cancelled: the edits are applied but nothing is written
+    form.CmdSave->click();
+    EXPECT_EQ(modes().ModeTable[3][CML1], 340);
+    EXPECT_EQ(QString::fromStdString(modes().ModeFileName), programDir + "UFMODES.JMF");
+
+    const QString mine = programDir + "mine.jmf";
+    dialogs.paths = {mine};
+    form.CmdSave->click();
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(QString::fromStdString(modes().ModeFileName), mine);
+    EXPECT_EQ(StoredModeFile(), mine);
+    EXPECT_TRUE(Read(mine).contains("wrap\r\n 340 \r\n 10 \r\n"));
+    EXPECT_TRUE(dialogs.messages.empty());
+
+    // A failed write keeps the setting where it was.
+    dialogs.paths = {programDir + "missing/other.jmf"};
+    form.CmdSave->click();
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_TRUE(
+        dialogs.messages[0].text.startsWith("Error 76 Occurred Saving " + programDir + "missing/other.jmf."));
+    EXPECT_EQ(StoredModeFile(), mine);
+}
+
+TEST_F(ModeEditorTest, LoadStoresTheSettingOnlyWhenTheFileLoaded) {
+    dialogs.paths = {""};
+    MnuLoadModeFileClick(*station);
+    EXPECT_EQ(modes().NumModes, 3);
+    EXPECT_EQ(StoredModeFile(), "unset");
+
+    const QString bad = programDir + "bad.jmf";
+    Write(bad, "Io-A\r\n 200 \r\n");
+    dialogs.paths = {bad};
+    MnuLoadModeFileClick(*station);
+    EXPECT_EQ(QString::fromStdString(modes().ModeFileName), bad);
+    EXPECT_EQ(StoredModeFile(), "unset");
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].title, "FILE ERROR!");
+
+    const QString good = programDir + "good.jmf";
+    Write(good, "only\r\n 1 \r\n 2 \r\n 3 \r\n 4 \r\n");
+    dialogs.paths = {good};
+    MnuLoadModeFileClick(*station);
+    EXPECT_EQ(modes().NumModes, 1);
+    EXPECT_EQ(modes().ModeName[1], "only");
+    EXPECT_EQ(StoredModeFile(), good);
+    EXPECT_EQ(dialogs.messages.size(), 1u);
+}
+
+TEST_F(ModeEditorTest, AFileOfMoreThanSixModesIsToldAboutOnLoad) {
+    QByteArray six, eight;
+    for (int i = 1; i <= 8; ++i) {
+        const QByteArray record = "m" + QByteArray::number(i) + "\r\n 1 \r\n 2 \r\n 3 \r\n 4 \r\n";
+        if (i <= 6) six += record;
+        eight += record;
+    }
+    Write(programDir + "six.jmf", six);
+    Write(programDir + "eight.jmf", eight);
+    dialogs.paths = {programDir + "six.jmf"};
+    MnuLoadModeFileClick(*station);
+    EXPECT_TRUE(dialogs.messages.empty());
+
+    dialogs.paths = {programDir + "eight.jmf"};
+    MnuLoadModeFileClick(*station);
+    EXPECT_EQ(modes().NumModes, 8);
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].title, "Mode File");
+    EXPECT_EQ(dialogs.messages[0].icon, MsgIcon::Information);
+    EXPECT_TRUE(dialogs.messages[0].text.contains("holds 8 modes"));
+    EXPECT_TRUE(dialogs.messages[0].text.contains("Only the first six are predicted"));
+}
+
+TEST_F(ModeEditorTest, TheEditCommandOpensTheEditorModally) {
+    bool sawEditor = false;
+    QTimer::singleShot(0, [&] {
+        auto* form = qobject_cast<Form4*>(QApplication::activeModalWidget());
+        if (!form) return;
+        sawEditor = true;
+        form->txtName[0]->setText("edited");
+        form->CmdKeep->click();
+    });
+    QTimer::singleShot(2000, [] { // never leave the test hanging on a modal window
+        if (QWidget* w = QApplication::activeModalWidget()) w->close();
+    });
+    MnuEditModeFileClick(*station, nullptr);
+    EXPECT_TRUE(sawEditor);
+    EXPECT_EQ(modes().ModeName[1], "edited");
+}
+
+TEST_F(ModeEditorTest, PrintWritesTheWindowToTheChosenPrinter) {
+    Form4 form(*station);
+    form.show();
+    form.MnuPrint->trigger(); // cancelled
+    EXPECT_EQ(dialogs.printDialogs, 1);
+
+    dialogs.printToPdf = programDir + "form4.pdf";
+    form.MnuPrint->trigger();
+    const QByteArray pdf = Read(dialogs.printToPdf);
+    EXPECT_TRUE(pdf.startsWith("%PDF"));
+    EXPECT_GT(pdf.size(), 1000);
+    EXPECT_TRUE(dialogs.messages.empty());
+}

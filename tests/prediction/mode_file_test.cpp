@@ -1,1 +1,277 @@
+// Mode files read and written through real files, and the editor's read-back of its rows.
+#include "mode_file.h"
+
 #include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+using namespace tarvelle;
+
+namespace {
+
+// One record as the writer puts it.
+std::string Record(const std::string& name, int cml1, int cml2, int io1, int io2) {
+    std::string text = name + "\r\n";
+    for (int v : {cml1, cml2, io1, io2}) text += (v >= 0 ? " " : "") + std::to_string(v) + " \r\n";
+    return text;
+}
+
+class ModeFileTest : public ::testing::Test {
+protected:
+    std::string PathOf(const std::string& name) const { return (dir.path() + "/").toStdString() + name; }
+    std::string Write(const std::string& name, const std::string& content) {
+        const std::string path = PathOf(name);
+        std::ofstream(path, std::ios::binary) << content;
+        return path;
+    }
+    static std::string Read(const std::string& path) {
+        std::ifstream in(path, std::ios::binary);
+        std::ostringstream text;
+        text << in.rdbuf();
+        return text.str();
+    }
+    // Loads the file's text; returns the status, which starts at a value no failure gives.
+    int Load(const std::string& content) {
+        modes.ModeFileName = Write("modes.jmf", content);
+        int status = -1;
+        LoadModeFile(modes, status, dialogs);
+        return status;
+    }
+
+    QTemporaryDir dir;
+    ModeTableState modes;
+    ScriptedDialogs dialogs;
+};
+
+ModeEditRows RowsOf(std::initializer_list<ModeRowTexts> rows) {
+    ModeEditRows out{};
+    std::copy(rows.begin(), rows.end(), out.begin());
+    return out;
+}
+
+} // namespace
+
+TEST_F(ModeFileTest, FourRecordsLoadAsFourAndSaveAsSixWithTheRowsLastNumbers) {
+    // Rows beyond the file keep what they held: the loader clears names, not rows.
+    modes.ModeTable[5] = {0, 11, 12, 13, 14};
+    modes.ModeTable[6] = {0, -1, 2, 3, 4};
+    modes.ModeName[6] = "stale";
+    const std::string four = Record("Io-A", 200, 270, 195, 265) + Record("Io-B", 105, 185, 75, 105) +
+                             Record("Io-C", 280, 360, 225, 250) + Record("Io-D", 0, 200, 95, 130);
+    EXPECT_EQ(Load(four), -1);
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_TRUE(modes.ModesLoaded);
+    EXPECT_EQ(modes.NumModes, 4);
+    EXPECT_EQ(modes.ModeName[2], "Io-B");
+    EXPECT_EQ(modes.ModeTable[2][IoP1], 75);
+    EXPECT_EQ(modes.ModeName[6], "");
+
+    int status = 0;
+    const std::string saved = PathOf("saved.jmf");
+    SaveModeFile(modes, saved, status, dialogs);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(Read(saved), four + Record("", 11, 12, 13, 14) + Record("", -1, 2, 3, 4));
+
+    // Empty names still count: only the end of the file ends the count.
+    modes.ModeFileName = saved;
+    LoadModeFile(modes, status, dialogs);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(modes.NumModes, 6);
+    EXPECT_EQ(modes.ModeName[5], "");
+    EXPECT_EQ(modes.ModeTable[6][CML1], -1);
+}
+
+TEST_F(ModeFileTest, OnlyTheFirstTenRecordsAreReadAndWithoutAMessage) {
+    std::string eleven;
+    for (int i = 1; i <= 11; ++i) eleven += Record("M" + std::to_string(i), i, i + 1, i + 2, i + 3);
+    EXPECT_EQ(Load(eleven), -1);
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_EQ(modes.NumModes, 10);
+    EXPECT_EQ(modes.ModeName[10], "M10");
+    EXPECT_EQ(modes.ModeTable[10][IoP2], 13);
+}
+
+TEST_F(ModeFileTest, FieldsEndAtCommasAndLineEndsWithBlanksIgnored) {
+    // LF-only and lone-CR lines, commas, tabs, a fraction, and no line end at the very end.
+    EXPECT_EQ(Load("Io A, 200 ,\t270\n195\r265\r\nnon-Io,-5,5,0,360"), -1);
+    EXPECT_EQ(modes.NumModes, 2);
+    EXPECT_EQ(modes.ModeName[1], "Io A");
+    EXPECT_EQ(modes.ModeTable[1][CML1], 200);
+    EXPECT_EQ(modes.ModeTable[1][CML2], 270);
+    EXPECT_EQ(modes.ModeTable[1][IoP2], 265);
+    EXPECT_EQ(modes.ModeTable[2][CML1], -5);
+    EXPECT_EQ(modes.ModeTable[2][IoP2], 360);
+
+    EXPECT_EQ(Load(Record("edge", -32768, 32767, 0, 0)), -1);
+    EXPECT_EQ(modes.ModeTable[1][CML1], -32768);
+    EXPECT_EQ(modes.ModeTable[1][CML2], 32767);
+
+    EXPECT_EQ(Load("half\r\n12.5\r\n13.5\r\n\r\n1e2\r\n"), -1);
+    EXPECT_EQ(modes.ModeTable[1][CML1], 12);
+    EXPECT_EQ(modes.ModeTable[1][CML2], 14);
+    EXPECT_EQ(modes.ModeTable[1][IoP1], 0); // an empty field
+    EXPECT_EQ(modes.ModeTable[1][IoP2], 100);
+}
+
+TEST_F(ModeFileTest, AFileEndingInsideARecordFailsWithTheReadRecordsInPlace) {
+    modes.ModeName[3] = "stale";
+    modes.ModeTable[2][IoP2] = 77;
+    const int status = Load(Record("Io-A", 200, 270, 195, 265) + "Io-B\r\n 105 \r\n 185 \r\n 75 \r\n");
+    EXPECT_EQ(status, 62);
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].title, "FILE ERROR!");
+    EXPECT_EQ(dialogs.messages[0].icon, MsgIcon::Exclamation);
+    EXPECT_EQ(dialogs.messages[0].text, "Error 62 Occurred Loading " +
+                                            QString::fromStdString(modes.ModeFileName) +
+                                            ".\r\nInput Past End of File");
+    EXPECT_FALSE(modes.ModesLoaded);
+    EXPECT_EQ(modes.NumModes, 10);
+    EXPECT_EQ(modes.ModeName[1], "Io-A");
+    EXPECT_EQ(modes.ModeName[2], "Io-B");
+    EXPECT_EQ(modes.ModeTable[2][IoP1], 75);
+    EXPECT_EQ(modes.ModeTable[2][IoP2], 77);
+    EXPECT_EQ(modes.ModeName[3], "");
+
+    // The end-of-file test comes right after the fifth field: a blank line after the last record
+    // opens a record with no numbers.
+    EXPECT_EQ(Load(Record("Io-A", 200, 270, 195, 265) + "\r\n"), 62);
+    EXPECT_EQ(Load(""), 62);
+
+    // A failure after a good load leaves ModesLoaded set.
+    ASSERT_EQ(Load(Record("Io-A", 200, 270, 195, 265)), -1);
+    EXPECT_EQ(Load("Io-A\r\n"), 62);
+    EXPECT_TRUE(modes.ModesLoaded);
+}
+
+TEST_F(ModeFileTest, BadNumbersAndMissingFilesFailWithTheirNumbers) {
+    EXPECT_EQ(Load(Record("big", 200, 32768, 0, 0)), 6);
+    EXPECT_TRUE(dialogs.messages.back().text.endsWith(".\r\nOverFlow"));
+    EXPECT_EQ(Load(Record("small", -32769, 0, 0, 0)), 6);
+    EXPECT_EQ(Load("word\r\n 200 \r\n two \r\n 0 \r\n 0 \r\n"), 13);
+    EXPECT_EQ(Load("word\r\n 200 \r\n 20x \r\n 0 \r\n 0 \r\n"), 13);
+
+    modes = ModeTableState{};
+    modes.NumModes = 3;
+    modes.ModeName[1] = "kept?";
+    modes.ModeFileName = PathOf("absent.jmf");
+    int status = 0;
+    LoadModeFile(modes, status, dialogs);
+    EXPECT_EQ(status, 53);
+    EXPECT_EQ(dialogs.messages.back().text, "Error 53 Occurred Loading " +
+                                                QString::fromStdString(modes.ModeFileName) +
+                                                ".\r\nFile Not Found");
+    EXPECT_EQ(modes.NumModes, 3); // the file never opened
+    EXPECT_EQ(modes.ModeName[1], "");
+    EXPECT_FALSE(modes.ModesLoaded);
+
+    modes.ModeFileName = PathOf("no-such-folder/modes.jmf");
+    LoadModeFile(modes, status, dialogs);
+    EXPECT_EQ(status, 76);
+    modes.ModeFileName = dir.path().toStdString();
+    LoadModeFile(modes, status, dialogs);
+    EXPECT_EQ(status, 75);
+}
+
+TEST_F(ModeFileTest, AFailedSaveNamesTheModeFileAndSetsStatusOne) {
+    modes.ModeFileName = "/data/current.jmf";
+    int status = 0;
+    SaveModeFile(modes, PathOf("missing/out.jmf"), status, dialogs);
+    EXPECT_EQ(status, 1);
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].title, "FILE ERROR!");
+    EXPECT_EQ(dialogs.messages[0].icon, MsgIcon::Exclamation);
+    EXPECT_EQ(dialogs.messages[0].text, "Error 76 Occurred Saving /data/current.jmf.\r\nPath not found");
+
+    status = 0;
+    SaveModeFile(modes, dir.path().toStdString(), status, dialogs); // a folder
+    EXPECT_EQ(status, 1);
+    EXPECT_TRUE(dialogs.messages.back().text.startsWith("Error 75 Occurred Saving "));
+}
+
+TEST_F(ModeFileTest, ARangeThroughThreeSixtySurvivesLoadEditAndSave) {
+    std::string text = Record("wrap", 350, 10, 200, 250);
+    for (int i = 2; i <= 6; ++i) text += Record("m" + std::to_string(i), i, i, i, i);
+    ASSERT_EQ(Load(text), -1);
+    ApplyModeEdits(modes, ModeEditRowsOf(modes));
+    EXPECT_EQ(modes.ModeTable[1][CML1], 350);
+    EXPECT_EQ(modes.ModeTable[1][CML2], 10);
+    EXPECT_EQ(ModeFileText(modes), text);
+}
+
+TEST_F(ModeFileTest, ABlankNameEndsTheListAndRowsBelowItAreNotTaken) {
+    modes.NumModes = 6;
+    modes.ModeName[4] = "old four";
+    modes.ModeTable[4] = {0, 1, 2, 3, 4};
+    ApplyModeEdits(modes, RowsOf({{"  one ", {"1", "2", "3", "4"}},
+                                  {"two", {"5", "6", "7", "8"}},
+                                  {"   ", {"9", "9", "9", "9"}},
+                                  {"four", {"40", "41", "42", "43"}},
+                                  {"five", {"50", "51", "52", "53"}}}));
+    EXPECT_EQ(modes.NumModes, 2);
+    EXPECT_EQ(modes.ModeName[1], "one");
+    EXPECT_EQ(modes.ModeName[3], "");
+    EXPECT_EQ(modes.ModeName[4], "old four");
+    EXPECT_EQ(modes.ModeTable[2][IoP2], 8);
+    EXPECT_EQ(modes.ModeTable[3][CML1], 0);
+    EXPECT_EQ(modes.ModeTable[4][CML1], 1);
+}
+
+TEST_F(ModeFileTest, TheTenthNameIsNeverReadBack) {
+    modes.NumModes = 10;
+    modes.ModeName[10] = "ten";
+    ModeEditRows rows{};
+    for (int r = 0; r < kMaxModes; ++r) rows[r] = {"row" + std::to_string(r), {"1", "2", "3", "4"}};
+    rows[9].name = "";
+    ApplyModeEdits(modes, rows);
+    EXPECT_EQ(modes.NumModes, 10); // no empty name among the nine
+    EXPECT_EQ(modes.ModeName[9], "row8");
+    EXPECT_EQ(modes.ModeName[10], "ten");
+
+    modes.NumModes = 4; // nine names and no blank: the count stays, whatever the rows hold
+    ApplyModeEdits(modes, rows);
+    EXPECT_EQ(modes.NumModes, 4);
+}
+
+TEST_F(ModeFileTest, NumberTextsRoundHalfToEvenAndNonNumbersAreZero) {
+    modes.NumModes = 1;
+    modes.ModeTable[1] = {0, 1, 2, 3, 4};
+    ApplyModeEdits(modes, RowsOf({{"m", {"12.5", "13.5", "abc", " -2.5 degrees"}}, {"", {}}}));
+    EXPECT_EQ(modes.ModeTable[1][CML1], 12);
+    EXPECT_EQ(modes.ModeTable[1][CML2], 14);
+    EXPECT_EQ(modes.ModeTable[1][IoP1], 0);
+    EXPECT_EQ(modes.ModeTable[1][IoP2], -2);
+
+    // A value beyond 16 bits leaves the table's value.
+    ApplyModeEdits(modes, RowsOf({{"m", {"40000", "7", "-32768", "-32769"}}, {"", {}}}));
+    EXPECT_EQ(modes.ModeTable[1][CML1], 12);
+    EXPECT_EQ(modes.ModeTable[1][CML2], 7);
+    EXPECT_EQ(modes.ModeTable[1][IoP1], -32768);
+    EXPECT_EQ(modes.ModeTable[1][IoP2], -2);
+}
+
+TEST_F(ModeFileTest, TheBundledModeFileHoldsTheSixSourceRegionsAsTheWriterWritesThem) {
+    modes.ModeFileName =
+        (std::filesystem::path(__FILE__).parent_path() / ".." / ".." / "data" / "UFMODES.JMF").string();
+    int status = 0;
+    LoadModeFile(modes, status, dialogs);
+    ASSERT_EQ(status, 0);
+    ASSERT_EQ(modes.NumModes, 6);
+    const char* names[] = {"Io-A", "Io-B", "Io-C", "Io-D", "non-Io-A", "non-Io-B"};
+    for (int i = 1; i <= 6; ++i) {
+        EXPECT_EQ(modes.ModeName[i], names[i - 1]);
+        for (int column = CML1; column <= IoP2; ++column) {
+            EXPECT_GE(modes.ModeTable[i][column], 0);
+            EXPECT_LE(modes.ModeTable[i][column], 360);
+        }
+        EXPECT_LE(modes.ModeTable[i][IoP1], modes.ModeTable[i][IoP2]) << "an Io range never wraps";
+    }
+    for (int i : {5, 6}) {
+        EXPECT_EQ(modes.ModeTable[i][IoP1], 0);
+        EXPECT_EQ(modes.ModeTable[i][IoP2], 360);
+    }
+    EXPECT_EQ(Read(modes.ModeFileName), ModeFileText(modes));
+}

@@ -1,1 +1,293 @@
+// Form3 and its report driven through named controls, and the main window's side of the
+// prediction: the prediction command and the activity line.
+#include "event_report.h"
+#include "main_window.h"
+#include "mode_file.h"
+#include "plot_surface.h"
+#include "prediction_window.h"
+#include "report_options_window.h"
+#include "station_test.h"
+#include "text_forms.h"
+
 #include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QToolButton>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <sstream>
+
+using namespace tarvelle;
+
+namespace {
+
+void OnNextModal(std::function<void(QWidget*)> act) {
+    QTimer::singleShot(0, [act] {
+        if (QWidget* w = QApplication::activeModalWidget()) act(w);
+    });
+}
+
+class Form3Test : public StationTest {
+protected:
+    void SetUp() override {
+        StationTest::SetUp();
+        Core& c = core();
+        c.ObFileName = (programDir + "viewer.obs").toStdString();
+        c.ObLatText = "39:15:00.0";
+        c.ObLngText = "76:30:00.0";
+        c.ObsLatitude = 39.25f;
+        c.ObsLongitude = 76.5f;
+        c.ObsTZ = -5.0;
+        c.SystemClockTZ = -5.0;
+        c.UpdateClockOffset();
+        station->VersionText = "3.8.2";
+        station->modes.ModeFileName = (programDir + "UFMODES.JMF").toStdString();
+        int status = 0;
+        LoadModeFile(station->modes, status, dialogs);
+        ASSERT_EQ(status, 0);
+        station->ReadClock();
+        form = std::make_unique<Form3>(*station, [this] { ++timerStops; }, [this] { ++closed; });
+    }
+    QString Cell(int row, int column) const {
+        const QTableWidgetItem* item = form->Grid1->item(row, column);
+        return item ? item->text() : QString();
+    }
+    // The chart's pixel at a minute and a height of its frame of seconds and rows.
+    int ChartPixel(double minute, double y) const {
+        const PlotSurface& s = form->Picture1->Surface();
+        ScaleFrame f = s.Frame();
+        return s.Pixel(f.PixelColumn(minute * 60.0), f.PixelRow(y));
+    }
+
+    std::unique_ptr<Form3> form;
+    int timerStops = 0, closed = 0;
+};
+
+} // namespace
+
+TEST_F(Form3Test, OpensOnTodayWithGridLegendAndTheTimerStopped) {
+    EXPECT_EQ(timerStops, 1);
+    EXPECT_EQ(form->windowTitle(), "Jupiter Radio Noise Storm Predictions");
+    EXPECT_EQ(form->PredictDate, core().CurrentUT);
+    EXPECT_EQ(form->txtYear->text() + form->txtMonth->text() + form->txtDay->text(), "20261122");
+    ASSERT_EQ(form->Grid1->rowCount(), 7);
+    EXPECT_EQ(Cell(0, 1), "Begin");
+    EXPECT_EQ(Cell(0, 2), " End");
+    EXPECT_EQ(Cell(1, 0), "Io-A");
+    EXPECT_EQ(form->LBLMode[5]->text(), "non-Io-B");
+    for (int r = 1; r <= 6; ++r) {
+        const QString first = Cell(r, 1);
+        EXPECT_TRUE(first == "NONE" || first.contains(':')) << r << " " << first.toStdString();
+    }
+    EXPECT_FALSE(form->LBLWait->isVisibleTo(form.get()));
+    // The grid is the one the computing code fills.
+    for (int r = 0; r < 7; ++r)
+        for (int c = 0; c < 7; ++c) EXPECT_EQ(Cell(r, c).toStdString(), form->Grid().Text(r, c));
+}
+
+TEST_F(Form3Test, ChartColoursBelowTheHorizonAndModeBars) {
+    // A minute with Jupiter down is blue where no bar and no minute line lies over it; a bar
+    // drawn for minute k covers the chart from minute k + 1 to k + 2.
+    const MinuteTables& t = station->minutes;
+    const ActivityTable& a = station->activity.ModeActivity;
+    int below = 0;
+    for (int m = 100; m < 1300 && !below; ++m) {
+        bool bar = false;
+        for (size_t i = 1; i <= 6; ++i) bar = bar || a[i][static_cast<size_t>(m - 1)] != 0;
+        if (t.MinuteJupAlt[static_cast<size_t>(m + 1)] < 0 && !bar && m % 20 > 3 && m % 20 < 17) below = m;
+    }
+    ASSERT_GT(below, 0);
+    EXPECT_EQ(ChartPixel(below + 0.5, 5.7), RGB(0, 0, 255));
+    // A mode's bar lies from 60 (m + 1) to 60 (m + 2) seconds, rows i + 0.5 to i + 2; at
+    // i + 1.25 no other mode's bar reaches.
+    int checked = 0;
+    for (int i = 1; i <= 6; ++i) {
+        for (int m = 30; m < 1400; ++m) {
+            if (station->activity.ModeActivity[static_cast<size_t>(i)][static_cast<size_t>(m)] == 0) continue;
+            if ((m + 1) % 20 == 0 || (m + 2) % 20 == 0) continue; // the minute lines draw over
+            EXPECT_EQ(ChartPixel(m + 1.5, i + 1.25), ModeColour(i)) << "mode " << i << " minute " << m;
+            ++checked;
+            break;
+        }
+    }
+    EXPECT_GT(checked, 0);
+    // The GMT band on top is green and the local band at the bottom grey.
+    EXPECT_EQ(ChartPixel(30.5, 0.02), QBColor(2));
+    EXPECT_EQ(ChartPixel(30.5, 9.45), QBColor(8));
+}
+
+TEST_F(Form3Test, NextPreviousAndTheDateChecks) {
+    form->CmdNextDay->click();
+    EXPECT_EQ(form->txtDay->text(), "23");
+    EXPECT_EQ(std::floor(form->PredictDate), DateSerial(2026, 11, 23));
+    form->CmdPrevious->click();
+    form->CmdPrevious->click();
+    EXPECT_EQ(form->txtDay->text(), "21");
+    form->txtYear->setText("1899");
+    form->CmdPredict->click();
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].text, "Dates Prior to 1900 are not permitted.");
+    form->txtYear->setText("2027");
+    form->txtMonth->setText("13"); // carries into the next year
+    form->txtDay->setText("1");
+    form->CmdPredict->click();
+    EXPECT_EQ(form->PredictDate, DateSerial(2028, 1, 1));
+}
+
+TEST_F(Form3Test, LimitsAreUsedThenBroughtIntoRange) {
+    form->txtJupAltMin->setText("-100");
+    form->txtSunAltMax->setText("95");
+    form->CmdPredict->click();
+    EXPECT_EQ(settings->get("Settings", "ReportJupAltMin"), "-100");
+    EXPECT_EQ(form->txtJupAltMin->text(), "-90");
+    EXPECT_EQ(form->txtSunAltMax->text(), "90");
+}
+
+TEST_F(Form3Test, TheMouseReadsTheMinuteUnderIt) {
+    form->Picture1MouseMove(6 * 3600.0f);
+    EXPECT_EQ(form->LBLTime->text(), "GMT: 06:00");
+    const MinuteTables& t = station->minutes;
+    EXPECT_EQ(form->LBLJupAlt->text().toStdString(), "Jup Alt " + FormatNumberMask(t.MinuteJupAlt[360], "00") + " deg.");
+    EXPECT_EQ(form->LBLJupHA->text().toStdString(), "Jup HA " + FormatNumberMask(t.MinuteJupHA[360], "00.0"));
+}
+
+TEST_F(Form3Test, PrintoutGoesToAPdf) {
+    form->CmdPredictPrint->click(); // cancelled: nothing
+    EXPECT_EQ(dialogs.printDialogs, 1);
+    dialogs.printToPdf = dir.filePath("prediction.pdf");
+    form->CmdPredictPrint->click();
+    QFile pdf(dialogs.printToPdf);
+    ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(pdf.read(4) == "%PDF");
+}
+
+TEST_F(Form3Test, TheWindowsReportIsTheHeadlessReport) {
+    const QString path = dir.filePath("20261122JP.TXT");
+    dialogs.paths = {path};
+    dialogs.answers = {MsgAnswer::Yes};
+    OnNextModal([](QWidget* w) {
+        auto* options = qobject_cast<formReportOptions*>(w);
+        ASSERT_NE(options, nullptr);
+        EXPECT_EQ(options->txtSDay->text(), "22");
+        EXPECT_EQ(options->txtEDay->text(), "23");
+        options->txtEMonth->setText("12");
+        options->txtEDay->setText("2"); // across the end of the month
+        options->chkHA->setChecked(true);
+        options->cmdOK->click();
+    });
+    form->CmdReport->click();
+    EXPECT_FALSE(form->ReportInProgress());
+    ASSERT_FALSE(dialogs.messages.empty());
+    EXPECT_EQ(dialogs.messages.back().text, " View Event Report " + path + " ?");
+    EXPECT_EQ(desktop.shown, QStringList({path}));
+    EXPECT_EQ(settings->get("Settings", "ReportIncludeHA"), "1");
+
+    ReportOptions o;
+    o.ReportStart = DateSerial(2026, 11, 22);
+    o.ReportEnd = DateSerial(2026, 12, 2);
+    o.ReportIncludeHA = true;
+    o.versionText = "3.8.2";
+    std::ostringstream expected;
+    Core fresh = core();
+    WriteEventReport(fresh, station->modes, o, ExclusionsFromTexts("0", "0", "-6", "6"), expected);
+    const QString written = ReadFile(path);
+    EXPECT_TRUE(written.startsWith("JUPITER EVENT PREDICTIONS\r\n"));
+    EXPECT_TRUE(written.endsWith("End of Report\r\n\r\n")); // the text's CR LF and the write's
+    EXPECT_EQ(written.toStdString(), expected.str());
+    EXPECT_EQ(std::floor(form->PredictDate), DateSerial(2026, 12, 3)); // one day past the end
+}
+
+TEST_F(Form3Test, ACancelledOptionsWindowWritesNothing) {
+    OnNextModal([](QWidget* w) { qobject_cast<formReportOptions*>(w)->cmdCancel->click(); });
+    form->CmdReport->click();
+    EXPECT_FALSE(form->ReportInProgress());
+    EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(Form3Test, ReportOptionsRefuseBadFieldsInOrder) {
+    ReportChoices choices;
+    bool cancelled = false;
+    formReportOptions options(*station, choices, cancelled, DateSerial(2026, 3, 1));
+    EXPECT_TRUE(cancelled);
+    options.txtSYear->setText("1899");
+    options.txtEMonth->setText("13");
+    options.cmdOKClick();
+    options.txtSYear->setText("2026");
+    options.cmdOKClick();
+    options.txtEMonth->setText("2");
+    options.txtEDay->setText("28");
+    options.cmdOKClick();
+    ASSERT_EQ(dialogs.messages.size(), 3u);
+    EXPECT_EQ(dialogs.messages[0].text, "Invalid Start Year");
+    EXPECT_EQ(dialogs.messages[1].text, "Invalid End Month");
+    EXPECT_EQ(dialogs.messages[2].text, "You entered a which occurs ending date before the start date.");
+    EXPECT_TRUE(cancelled);
+    options.txtEMonth->setText("4");
+    options.txtEDay->setText("31"); // 31 April is 1 May
+    options.txtMin->setText("-5");
+    options.cmdOKClick();
+    EXPECT_FALSE(cancelled);
+    EXPECT_EQ(choices.ReportEnd, DateSerial(2026, 5, 1));
+    EXPECT_EQ(options.txtMin->text(), "0");
+    EXPECT_EQ(settings->get("Settings", "ReportMinDuration"), "0");
+}
+
+TEST_F(Form3Test, ClosingPutsTheClockBack) {
+    const double ut = core().CurrentUT;
+    form->CmdNextDay->click();
+    form->close();
+    EXPECT_EQ(core().CurrentUT, ut);
+    EXPECT_EQ(closed, 1);
+}
+
+namespace {
+
+class PredictionCommandTest : public StationTest {};
+
+} // namespace
+
+TEST_F(PredictionCommandTest, MainWindowOpensThePredictionAndShowsActivity) {
+    Form1 main(*station);
+    main.Load();
+    EXPECT_TRUE(station->modes.ModesLoaded);
+    EXPECT_EQ(station->activity.ActivityDayOfMonth, 22);
+    main.findChild<QAction*>("MnuPrediction")->trigger();
+    auto* form3 = main.findChild<Form3*>();
+    ASSERT_NE(form3, nullptr);
+    EXPECT_FALSE(main.Timer1()->isActive());
+    EXPECT_TRUE(main.MnuWindowPredict->isEnabled());
+    EXPECT_TRUE(main.MnuPrediction->isChecked());
+    form3->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(main.MnuWindowPredict->isEnabled());
+    EXPECT_FALSE(main.MnuPrediction->isChecked());
+
+    // The activity line names the modes predicted for this minute.
+    const CalendarFields now = FieldsOf(core().CurrentUT);
+    station->activity.TodayActivity = {};
+    station->activity.TodayActivity[2][static_cast<size_t>(now.hour * 60 + now.minute)] = 1;
+    main.VisualAlert();
+    EXPECT_EQ(main.LBLQ->text(), "Possible Activity:     Io-B");
+    station->activity.TodayActivity = {};
+    main.VisualAlert();
+    EXPECT_TRUE(main.LBLQ->text().isEmpty());
+}
+
+TEST_F(PredictionCommandTest, NoModeFileNoPrediction) {
+    QFile::remove(programDir + "UFMODES.JMF");
+    Form1 main(*station);
+    main.Load();
+    dialogs.messages.clear();
+    main.CmdPredict->click();
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].text, "No Mode File Has Been Loaded. \r\n Prediction Not Possible.");
+    EXPECT_EQ(main.findChild<Form3*>(), nullptr);
+}

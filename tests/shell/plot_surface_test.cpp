@@ -1,1 +1,705 @@
 #include <gtest/gtest.h>
+
+#include "dialogs.h"
+#include "image_camera.h"
+#include "page_printer.h"
+#include "picture_store.h"
+#include "plot_surface.h"
+
+#include <QClipboard>
+#include <QFile>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QPrinter>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <array>
+#include <set>
+
+namespace tarvelle {
+namespace {
+
+// Pixels of the image that differ from the colour.
+int CountNot(const PlotSurface& s, int colour) {
+    int n = 0;
+    for (int y = 0; y < s.PixelHeight(); ++y)
+        for (int x = 0; x < s.PixelWidth(); ++x) n += s.Pixel(x, y) != colour;
+    return n;
+}
+
+// A background that no drawing can match by accident: every pixel different.
+void PaintGradient(PlotSurface& s) {
+    QImage picture(s.PixelWidth(), s.PixelHeight(), QImage::Format_RGB32);
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x) picture.setPixel(x, y, qRgb(x * 7 % 256, y * 5 % 256, x + y + 1));
+    s.SetBackgroundPicture(picture);
+}
+
+TEST(ScaleFrameTest, CentredSkyScalePutsOriginInTheMiddleWithYUp) {
+    PlotSurface s(200, 200);
+    s.SetScale(-1.02f, 1.02f, 1.02f, -1.02f);
+    const ScaleFrame f = s.Frame();
+    EXPECT_EQ(f.PixelColumn(0.0), 100);
+    EXPECT_EQ(f.PixelRow(0.0), 100);
+    EXPECT_LT(f.PixelRow(0.5), 100); // y grows upwards
+    EXPECT_GT(f.PixelColumn(0.5), 100);
+    EXPECT_EQ(f.PixelColumn(-1.02), 0);
+    EXPECT_EQ(f.PixelRow(1.02), 0);
+    EXPECT_FLOAT_EQ(s.ScaleWidth(), 2.04f);
+    EXPECT_FLOAT_EQ(s.ScaleHeight(), -2.04f); // the sky map's radius is the height times -0.0175
+    // Pixel corners and user points map back and forth.
+    for (double x : {-1.0, -0.37, 0.0, 0.25, 0.99}) EXPECT_NEAR(f.FromPixelX(f.ToPixelX(x)), x, 1e-9);
+    EXPECT_NEAR(f.FromPixelY(100.0), 0.0, 1e-7);
+
+    s.Clear();
+    s.DrawPoint(0.0f, 0.0f, QBColor(12));
+    EXPECT_EQ(s.Pixel(100, 100), QBColor(12));
+    EXPECT_EQ(CountNot(s, 0xFFFFFF), 1);
+}
+
+TEST(ScaleFrameTest, ReversedAxesAndOtherModes) {
+    PlotSurface s(100, 50);
+    s.SetScale(10.0f, 0.0f, 0.0f, 10.0f); // x runs right to left
+    EXPECT_EQ(s.Frame().PixelColumn(9.95), 0);
+    EXPECT_EQ(s.Frame().PixelColumn(0.05), 99);
+    EXPECT_EQ(s.Frame().PixelRow(9.9), 49);
+
+    s.SetPixelScale();
+    EXPECT_EQ(s.Mode(), ScaleMode::Pixel);
+    EXPECT_FLOAT_EQ(s.ScaleWidth(), 100.0f);
+    EXPECT_FLOAT_EQ(s.ScaleHeight(), 50.0f);
+    s.SetScaleMode(ScaleMode::User); // the user scale was lost: the pixel extent takes its place
+    EXPECT_FLOAT_EQ(s.ScaleLeft(), 0.0f);
+    EXPECT_FLOAT_EQ(s.ScaleWidth(), 100.0f);
+    s.SetTwipsScale();
+    EXPECT_FLOAT_EQ(s.ScaleWidth(), 1500.0f);
+    EXPECT_EQ(s.Frame().PixelColumn(150.0), 10);
+
+    // A scale without extent is refused rather than dividing by zero.
+    s.SetScale(0.0f, 90.0f, 360.0f, -10.0f);
+    s.SetScale(5.0f, 1.0f, 5.0f, 0.0f);
+    EXPECT_FLOAT_EQ(s.ScaleWidth(), 360.0f);
+}
+
+TEST(PlotSurfaceTest, PixelModeAndBackLeaveTheImageAlone) {
+    PlotSurface s(120, 80);
+    s.SetScale(0.0f, 90.0f, 360.0f, -10.0f);
+    s.DrawLine(0.0f, 0.0f, 360.0f, 0.0f, QBColor(4));
+    s.FillBox(30.0f, 60.0f, 90.0f, 20.0f, QBColor(2));
+    const QImage before = s.Image().copy();
+    s.SetPixelScale();
+    EXPECT_FLOAT_EQ(s.ScaleWidth(), 120.0f);
+    s.SetScale(0.0f, 90.0f, 360.0f, -10.0f);
+    EXPECT_EQ(s.Image(), before);
+}
+
+TEST(PlotSurfaceTest, BoxesIncludeBothCornersWhateverTheirOrder) {
+    PlotSurface s(20, 20, QBColor(15));
+    s.FillBox(5.0f, 7.0f, 2.0f, 3.0f, QBColor(9));
+    for (int y = 0; y < 20; ++y)
+        for (int x = 0; x < 20; ++x) {
+            const bool inside = x >= 2 && x <= 5 && y >= 3 && y <= 7;
+            EXPECT_EQ(s.Pixel(x, y), inside ? QBColor(9) : QBColor(15)) << x << "," << y;
+        }
+    EXPECT_FLOAT_EQ(s.CurrentX(), 2.0f);
+    EXPECT_FLOAT_EQ(s.CurrentY(), 3.0f);
+
+    s.Clear();
+    s.SetPenColour(QBColor(4));
+    s.DrawBox(2.0f, 3.0f, 5.0f, 7.0f);
+    EXPECT_EQ(s.Pixel(2, 3), QBColor(4));
+    EXPECT_EQ(s.Pixel(5, 7), QBColor(4));
+    EXPECT_EQ(s.Pixel(5, 5), QBColor(4));
+    EXPECT_EQ(s.Pixel(3, 5), QBColor(15)); // outline only
+    EXPECT_EQ(CountNot(s, QBColor(15)), 2 * 4 + 2 * 3);
+
+    // The prediction chart's minute boxes on a narrower image leave no gap.
+    PlotSurface chart(720, 10, 0);
+    chart.SetScale(0.0f, 1.0f, 1440.0f, 0.0f);
+    for (int m = 1; m <= 1440; ++m)
+        chart.FillBox(static_cast<float>(m - 1), 1.0f, static_cast<float>(m), 0.0f, RGB(0, 0, 255));
+    EXPECT_EQ(CountNot(chart, RGB(0, 0, 255)), 0);
+}
+
+TEST(PlotSurfaceTest, LinesAreSolidOrDottedAndWide) {
+    PlotSurface s(40, 10, 0);
+    s.DrawLine(0.0f, 2.0f, 39.0f, 2.0f, 0xFFFFFF);
+    for (int x = 0; x < 40; ++x) ASSERT_EQ(s.Pixel(x, 2), 0xFFFFFF);
+    EXPECT_FLOAT_EQ(s.CurrentX(), 39.0f);
+
+    s.SetLineStyle(LineStyle::Dotted);
+    s.DrawLine(0.0f, 5.0f, 39.0f, 5.0f, 0xFFFFFF);
+    for (int x = 0; x < 40; ++x) EXPECT_EQ(s.Pixel(x, 5), x % 2 == 0 ? 0xFFFFFF : 0) << x;
+
+    s.Clear();
+    s.SetLineStyle(LineStyle::Solid);
+    s.SetLineWidth(3);
+    s.DrawLine(10.0f, 5.0f, 20.0f, 5.0f, 0xFFFFFF);
+    EXPECT_EQ(CountNot(s, 0), 13 * 3); // square ends one pixel past each end
+    EXPECT_EQ(s.Pixel(9, 4), 0xFFFFFF);
+    EXPECT_EQ(s.Pixel(21, 6), 0xFFFFFF);
+    s.DrawPoint(30.0f, 5.0f, 0xFFFF);
+    EXPECT_EQ(CountNot(s, 0), 13 * 3 + 9);
+
+    // Ends far outside the image are cut, not walked, and the part inside still shows.
+    s.Clear();
+    s.SetLineWidth(1);
+    s.DrawLine(-1e9f, 3.0f, 1e9f, 3.0f, 0xFF);
+    EXPECT_EQ(CountNot(s, 0), 40);
+}
+
+TEST(PlotSurfaceTest, CircleFillStylesAndAspect) {
+    constexpr int kGreen = RGB(0, 255, 0), kRed = RGB(255, 0, 0);
+    PlotSurface s(41, 41, kGreen);
+    s.SetFillStyle(FillStyle::Solid);
+    s.SetFillColour(kRed);
+    s.DrawCircle(20.0f, 20.0f, 10.0f, kRed);
+    // A plain disc: every pixel within the radius, none beyond it.
+    for (int y = 0; y < 41; ++y)
+        for (int x = 0; x < 41; ++x) {
+            const int d2 = (x - 20) * (x - 20) + (y - 20) * (y - 20);
+            if (d2 <= 81) {
+                EXPECT_EQ(s.Pixel(x, y), kRed) << x << "," << y;
+            }
+            if (d2 >= 121) {
+                EXPECT_EQ(s.Pixel(x, y), kGreen) << x << "," << y;
+            }
+        }
+    EXPECT_EQ(s.Pixel(30, 20), kRed);
+    EXPECT_EQ(s.Pixel(20, 10), kRed);
+
+    s.Clear();
+    s.SetFillStyle(FillStyle::Transparent);
+    s.DrawCircle(20.0f, 20.0f, 10.0f, kRed);
+    EXPECT_EQ(s.Pixel(20, 20), kGreen);
+    EXPECT_EQ(s.Pixel(25, 22), kGreen);
+    EXPECT_EQ(s.Pixel(30, 20), kRed);
+    EXPECT_EQ(s.Pixel(10, 20), kRed);
+    EXPECT_EQ(s.Pixel(20, 30), kRed);
+    // The outline is closed: each row between top and bottom meets it on both sides, and
+    // nothing lies inside.
+    for (int y = 11; y <= 29; ++y) {
+        int crossings = 0;
+        for (int x = 1; x < 41; ++x) crossings += s.Pixel(x, y) != s.Pixel(x - 1, y);
+        EXPECT_EQ(crossings, 4) << y;
+    }
+
+    // Fill colour inside, outline colour round it.
+    s.Clear();
+    s.SetFillStyle(FillStyle::Solid);
+    s.SetFillColour(QBColor(14));
+    s.DrawCircle(20.0f, 20.0f, 10.0f, QBColor(5));
+    EXPECT_EQ(s.Pixel(20, 20), QBColor(14));
+    EXPECT_EQ(s.Pixel(30, 20), QBColor(5));
+
+    // Aspect below 1 squeezes the height; above 1 the radius is the vertical one.
+    s.Clear();
+    s.DrawCircle(20.0f, 20.0f, 10.0f, kRed, 0.5f);
+    EXPECT_EQ(s.Pixel(30, 20), kRed);
+    EXPECT_EQ(s.Pixel(20, 15), kRed);
+    EXPECT_EQ(s.Pixel(20, 13), kGreen);
+    s.Clear();
+    s.DrawCircle(20.0f, 20.0f, 10.0f, kRed, 2.0f);
+    EXPECT_EQ(s.Pixel(20, 10), kRed);
+    EXPECT_EQ(s.Pixel(25, 20), kRed);
+    EXPECT_EQ(s.Pixel(27, 20), kGreen);
+
+    // The radius is in units of the x axis, whatever the y axis does.
+    PlotSurface map(200, 100, 0);
+    map.SetScale(-1.0f, 1.0f, 1.0f, -1.0f);
+    map.DrawCircle(0.0f, 0.0f, 0.5f, 0xFFFFFF);
+    EXPECT_EQ(map.Pixel(150, 50), 0xFFFFFF);
+    EXPECT_EQ(map.Pixel(100, 0), 0xFFFFFF);
+}
+
+TEST(PlotSurfaceTest, XorDrawingTwiceRestoresTheImage) {
+    PlotSurface s(60, 40);
+    PaintGradient(s);
+    const QImage before = s.Image().copy();
+    s.SetScale(0.0f, 0.0f, 6.0f, 4.0f);
+    s.SetDrawMode(DrawMode::Xor);
+    s.DrawBox(1.0f, 1.0f, 5.0f, 3.0f, 0xFFFFFF);
+    EXPECT_NE(s.Image(), before);
+    EXPECT_EQ(s.Pixel(10, 10), FromQRgb(before.pixel(10, 10)) ^ 0xFFFFFF); // a corner, inverted once
+    EXPECT_EQ(s.Pixel(30, 20), FromQRgb(before.pixel(30, 20)));
+    s.DrawBox(1.0f, 1.0f, 5.0f, 3.0f, 0xFFFFFF);
+    EXPECT_EQ(s.Image(), before);
+
+    // Boxes that collapse into lines or points, wide lines and circles come off just the same.
+    s.SetLineWidth(3);
+    for (int pass = 0; pass < 2; ++pass) {
+        s.DrawBox(2.0f, 1.0f, 2.0f, 3.0f, 0xFFFFFF);
+        s.DrawBox(3.0f, 2.0f, 3.0f, 2.0f, 0x00FF00);
+        s.DrawLine(0.0f, 0.0f, 6.0f, 4.0f, 0xABCDEF);
+        s.DrawCircle(3.0f, 2.0f, 1.5f, 0x123456);
+        s.SetCurrentPoint(0.5f, 0.5f);
+        s.PrintText("Xo");
+    }
+    EXPECT_EQ(s.Image(), before);
+
+    RubberBand band;
+    band.Start(1.0f, 1.0f);
+    band.MoveTo(s, 2.0f, 2.0f);
+    band.MoveTo(s, 4.0f, 3.0f);
+    EXPECT_EQ(s.Pixel(40, 30), FromQRgb(before.pixel(40, 30)) ^ 0xFFFFFF);
+    EXPECT_EQ(s.Pixel(20, 20), FromQRgb(before.pixel(20, 20))); // the first box is gone
+    band.Erase(s);
+    EXPECT_EQ(s.Image(), before);
+    EXPECT_FALSE(band.Active());
+    EXPECT_EQ(s.GetDrawMode(), DrawMode::Xor);
+}
+
+TEST(PlotSurfaceTest, RasterModesWorkBitByBit) {
+    PlotSurface src(2, 1), dst(2, 1);
+    src.FillBox(0.0f, 0.0f, 1.0f, 0.0f, 0x0F33C3);
+    const auto run = [&](RasterMode mode) {
+        dst.FillBox(0.0f, 0.0f, 1.0f, 0.0f, 0x3355AA);
+        dst.CopyBlock(0, 0, 1, 1, src, 0, 0, mode);
+        EXPECT_EQ(dst.Pixel(1, 0), 0x3355AA); // outside the block
+        return dst.Pixel(0, 0);
+    };
+    EXPECT_EQ(run(RasterMode::Copy), 0x0F33C3);
+    EXPECT_EQ(run(RasterMode::And), 0x0F33C3 & 0x3355AA);
+    EXPECT_EQ(run(RasterMode::Or), 0x0F33C3 | 0x3355AA);
+}
+
+TEST(PlotSurfaceTest, CopyBlockIsClippedAtEveryEdge) {
+    PlotSurface src(10, 10), dst(10, 10, 0);
+    PaintGradient(src);
+    const auto from = [&](int x, int y) { return src.Pixel(x, y); };
+
+    dst.CopyBlock(-3, -2, 6, 6, src, 1, 1, RasterMode::Copy);
+    EXPECT_EQ(dst.Pixel(0, 0), from(4, 3));
+    EXPECT_EQ(dst.Pixel(2, 3), from(6, 6));
+    EXPECT_EQ(dst.Pixel(3, 0), 0);
+    EXPECT_EQ(dst.Pixel(0, 4), 0);
+
+    dst.Clear();
+    dst.CopyBlock(7, 8, 19, 19, src, 0, 0, RasterMode::Copy);
+    EXPECT_EQ(dst.Pixel(9, 9), from(2, 1));
+    EXPECT_EQ(CountNot(dst, 0), 3 * 2);
+
+    // A source block reaching past its image copies only what exists.
+    dst.Clear();
+    dst.CopyBlock(0, 0, 5, 5, src, -2, 8, RasterMode::Copy);
+    EXPECT_EQ(dst.Pixel(2, 0), from(0, 8));
+    EXPECT_EQ(CountNot(dst, 0), 3 * 2);
+
+    dst.Clear();
+    dst.CopyBlock(20, 20, 5, 5, src, 0, 0, RasterMode::Copy);
+    dst.CopyBlock(0, 0, 0, 5, src, 0, 0, RasterMode::Copy);
+    EXPECT_EQ(CountNot(dst, 0), 0);
+
+    // Within one image the block is read before it is written.
+    src.CopyBlock(1, 0, 9, 10, src, 0, 0, RasterMode::Copy);
+    EXPECT_EQ(src.Pixel(1, 5), src.Pixel(0, 5));
+    EXPECT_EQ(src.Pixel(9, 5), FromQRgb(qRgb(8 * 7, 25, 14)));
+}
+
+TEST(PictureStoreTest, SpritesShareOneDiscOf224Pixels) {
+    Form8 store;
+    EXPECT_EQ(store.objectName(), "Form8");
+    EXPECT_EQ(store.windowTitle(), "Picture Storage");
+    EXPECT_FALSE(store.isVisible());
+    EXPECT_EQ(store.Pic408.PixelWidth(), 360);
+    EXPECT_EQ(store.Pic408.PixelHeight(), 360);
+
+    int disc = 0, minX = 99, maxX = -1, minY = 99, maxY = -1;
+    for (int y = 0; y < kSpriteSize; ++y)
+        for (int x = 0; x < kSpriteSize; ++x) {
+            const bool in = SpriteDiscContains(x, y);
+            if (in) {
+                ++disc;
+                minX = std::min(minX, x), maxX = std::max(maxX, x);
+                minY = std::min(minY, y), maxY = std::max(maxY, y);
+            }
+            ASSERT_EQ(store.PicMask.Pixel(x, y), in ? 0 : 0xFFFFFF) << x << "," << y;
+            ASSERT_EQ(store.PicSun.Pixel(x, y), in ? RGB(255, 255, 0) : 0) << x << "," << y;
+            if (in)
+                ASSERT_NE(store.PicJup.Pixel(x, y), 0);
+            else
+                ASSERT_EQ(store.PicJup.Pixel(x, y), 0);
+        }
+    EXPECT_EQ(disc, kSpriteDiscPixels);
+    EXPECT_EQ(kSpriteSize * kSpriteSize - disc, 137);
+    EXPECT_EQ(minX, 1);
+    EXPECT_EQ(maxX - minX + 1, 17);
+    EXPECT_EQ(minY, 1);
+    EXPECT_EQ(maxY - minY + 1, 16);
+
+    for (PlotSurface* s : {&store.PicSun, &store.PicBack1, &store.PicBack4}) {
+        EXPECT_EQ(s->Mode(), ScaleMode::Pixel);
+        EXPECT_EQ(s->PixelWidth(), kSpriteSize);
+    }
+}
+
+TEST(PictureStoreTest, AllSkyPictureIsTheSameOnEveryRun) {
+    Form8 a, b;
+    EXPECT_EQ(a.Pic408.Image(), b.Pic408.Image());
+    EXPECT_EQ(a.Pic408.Pixel(0, 0), RGB(0, 0, 96));
+    std::set<int> colours;
+    for (int y = 0; y < 360; y += 3)
+        for (int x = 0; x < 360; x += 3) colours.insert(a.Pic408.Pixel(x, y));
+    EXPECT_GT(colours.size(), 100u);
+    // Clear brings the picture back.
+    a.Pic408.FillBox(0.0f, 0.0f, 359.0f, 359.0f, 0);
+    a.Pic408.Clear();
+    EXPECT_EQ(a.Pic408.Image(), b.Pic408.Image());
+}
+
+TEST(SpriteTest, MaskThenSpriteKeepsTheOuterPixelsOnAnyBackground) {
+    Form8 store;
+    PlotSurface plot(40, 40);
+    for (int background : {0xFFFFFF, 0, QBColor(9), RGB(255, 255, 0), -2}) {
+        if (background == -2)
+            PaintGradient(plot);
+        else {
+            plot.RemoveBackgroundPicture();
+            plot.SetBackColour(background);
+        }
+        plot.Clear();
+        const QImage before = plot.Image().copy();
+        for (const PlotSurface* sprite : {&store.PicSun, &store.PicJup}) {
+            plot.Clear();
+            DrawSprite(plot, *sprite, store.PicMask, 11, 7);
+            int outside = 0;
+            for (int y = 0; y < 40; ++y)
+                for (int x = 0; x < 40; ++x) {
+                    const int bx = x - 11, by = y - 7;
+                    const bool inBlock = bx >= 0 && by >= 0 && bx < kSpriteSize && by < kSpriteSize;
+                    if (inBlock && SpriteDiscContains(bx, by)) {
+                        ASSERT_EQ(plot.Pixel(x, y), sprite->Pixel(bx, by));
+                    } else {
+                        ASSERT_EQ(plot.Pixel(x, y), FromQRgb(before.pixel(x, y))) << x << "," << y;
+                        outside += inBlock;
+                    }
+                }
+            EXPECT_EQ(outside, 137);
+        }
+    }
+}
+
+TEST(SpriteTest, MoveSpritePutsBackWhatLayUnderneath) {
+    Form8 store;
+    PlotSurface plot(60, 50);
+    PaintGradient(plot);
+    const QImage clean = plot.Image().copy();
+    SpriteState state;
+    int refreshes = 0;
+    plot.SetRefreshHandler([&] { ++refreshes; });
+
+    MoveSprite(plot, store.PicJup, store.PicMask, store.PicBack1, state, 5, 5);
+    EXPECT_TRUE(state.onPlot);
+    EXPECT_EQ(state.width, kSpriteSize);
+    EXPECT_EQ(store.PicBack1.Pixel(0, 0), FromQRgb(clean.pixel(5, 5)));
+    EXPECT_EQ(plot.Pixel(5 + 9, 5 + 8), store.PicJup.Pixel(9, 8));
+    EXPECT_EQ(plot.Shown(), plot.Image());
+
+    // Past the bottom-right edge: the part outside is simply cut away.
+    MoveSprite(plot, store.PicJup, store.PicMask, store.PicBack1, state, 50, 40);
+    EXPECT_EQ(plot.Pixel(5 + 9, 5 + 8), FromQRgb(clean.pixel(14, 13)));
+    MoveSprite(plot, store.PicSun, store.PicMask, store.PicBack1, state, 20, 20);
+    MoveSprite(plot, store.PicSun, store.PicMask, store.PicBack1, state, 21, 20);
+    EXPECT_EQ(refreshes, 4);
+    plot.CopyBlock(state.left, state.top, state.width, state.height, store.PicBack1, 0, 0, RasterMode::Copy);
+    EXPECT_EQ(plot.Image(), clean);
+}
+
+TEST(PlotSurfaceTest, ClearBringsBackThePictureAndTheOrigin) {
+    PlotSurface s(50, 50, QBColor(1));
+    s.SetScale(-1.02f, 1.02f, 1.02f, -1.02f);
+    s.DrawLine(-1.0f, -1.0f, 0.8f, 0.3f, 0xFFFFFF);
+    s.Clear();
+    EXPECT_EQ(CountNot(s, QBColor(1)), 0);
+    EXPECT_FLOAT_EQ(s.CurrentX(), 0.0f);
+    EXPECT_FLOAT_EQ(s.CurrentY(), 0.0f);
+    EXPECT_EQ(s.Frame().PixelColumn(s.CurrentX()), 25); // the centre of the sky map
+
+    QTemporaryDir dir;
+    QImage picture(30, 20, QImage::Format_RGB32);
+    picture.fill(qRgb(10, 200, 30));
+    picture.setPixel(3, 4, qRgb(250, 0, 0));
+    const QString path = dir.filePath("back.bmp");
+    ASSERT_TRUE(picture.save(path));
+    ASSERT_TRUE(s.LoadBackground(path));
+    EXPECT_EQ(s.Pixel(3, 4), RGB(250, 0, 0)); // shown at once
+    s.FillBox(-1.0f, 1.0f, 1.0f, -1.0f, 0);
+    s.SetCurrentPoint(0.5f, 0.5f);
+    s.Clear();
+    EXPECT_EQ(s.Pixel(3, 4), RGB(250, 0, 0));
+    EXPECT_EQ(s.Pixel(0, 0), RGB(10, 200, 30));
+    EXPECT_EQ(s.Pixel(40, 40), QBColor(1)); // beyond the picture, the background colour
+    EXPECT_FLOAT_EQ(s.CurrentX(), 0.0f);
+
+    // A one-pixel GIF whose palette entry 0 is red: LZW codes clear, 0, end.
+    const QByteArray gif = QByteArray::fromHex("47494638396101000100800000ff000000000021f90400000000002c000000000100"
+                                               "01000002024401003b");
+    QFile gifFile(dir.filePath("back.gif"));
+    ASSERT_TRUE(gifFile.open(QIODevice::WriteOnly));
+    gifFile.write(gif);
+    gifFile.close();
+    ASSERT_TRUE(s.LoadBackground(gifFile.fileName()));
+    EXPECT_EQ(s.Pixel(0, 0), RGB(255, 0, 0));
+    EXPECT_EQ(s.Pixel(1, 0), QBColor(1));
+
+    QString error;
+    EXPECT_FALSE(s.LoadBackground(dir.filePath("missing.gif"), &error));
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_EQ(s.Pixel(0, 0), RGB(255, 0, 0)); // the old picture stays
+}
+
+TEST(PlotSurfaceTest, TextIsPenColouredUnaliasedAndMovesDownOneLine) {
+    PlotSurface s(200, 100, QBColor(1));
+    s.SetScale(0.0f, 10.0f, 20.0f, 0.0f); // y up
+    s.SetPenColour(65535);
+    s.SetFontSize(10.0f);
+    s.SetCurrentPoint(5.0f, 8.0f);
+    const float height = s.TextHeight("Jupiter");
+    EXPECT_LT(height, 0.0f); // lower on the page is lower in y here
+    s.PrintText("Jupiter");
+    EXPECT_FLOAT_EQ(s.CurrentY(), 8.0f + height);
+    EXPECT_FLOAT_EQ(s.CurrentX(), 5.0f);
+    int inked = 0;
+    for (int y = 0; y < 100; ++y)
+        for (int x = 0; x < 200; ++x) {
+            const int p = s.Pixel(x, y);
+            if (p == QBColor(1)) continue;
+            ++inked;
+            ASSERT_EQ(p, 65535); // no blend of pen and background anywhere
+            // Inside the text's box from the current point.
+            EXPECT_GE(x, 49);
+            EXPECT_LE(x, 50 + s.TextWidth("Jupiter") * 10.0f);
+            EXPECT_GE(y, 20);
+            EXPECT_LT(y, 20 - height * 10.0f);
+        }
+    EXPECT_GT(inked, 30);
+
+    const float small = s.TextWidth("Jupiter");
+    s.SetFontSize(20.0f);
+    EXPECT_GT(s.TextWidth("Jupiter"), 1.6f * small);
+    s.SetFontBold(true);
+    EXPECT_TRUE(s.Font().bold());
+    EXPECT_EQ(s.Font().family(), "DejaVu Sans");
+}
+
+TEST(PlotSurfaceTest, StretchPictureScalesByNearestPixel) {
+    PlotSurface src(2, 2), dst(8, 8, 0);
+    src.FillBox(0.0f, 0.0f, 0.0f, 0.0f, 0xFF);
+    src.FillBox(1.0f, 1.0f, 1.0f, 1.0f, 0xFF00);
+    dst.SetScale(0.0f, 0.0f, 2.0f, 2.0f);
+    dst.StretchPicture(src, 0.0f, 0.0f, 1.0f, 1.0f); // into the top-left 4 x 4
+    for (int y = 0; y < 8; ++y)
+        for (int x = 0; x < 8; ++x) {
+            int want = 0;
+            if (x < 4 && y < 4) want = x < 2 && y < 2 ? 0xFF : (x >= 2 && y >= 2 ? 0xFF00 : 0xFFFFFF);
+            ASSERT_EQ(dst.Pixel(x, y), want) << x << "," << y;
+        }
+    // A part of the source, and a negative extent mirrors it.
+    dst.Clear();
+    dst.StretchPicture(src, 2.0f, 0.0f, -2.0f, 2.0f, QRectF(0, 0, 1, 2));
+    EXPECT_EQ(dst.Pixel(7, 0), 0xFF);
+    EXPECT_EQ(dst.Pixel(0, 7), 0xFFFFFF);
+}
+
+TEST(PlotSurfaceTest, RefreshShowsTheImageAndTheClipboardGetsIt) {
+    PlotSurface s(10, 10);
+    s.FillBox(0.0f, 0.0f, 9.0f, 9.0f, QBColor(12));
+    EXPECT_EQ(FromQRgb(s.Shown().pixel(5, 5)), 0xFFFFFF); // drawn, not yet shown
+    s.Refresh();
+    EXPECT_EQ(FromQRgb(s.Shown().pixel(5, 5)), QBColor(12));
+
+    s.CopyToClipboard();
+    const QImage copied = QGuiApplication::clipboard()->image();
+    ASSERT_FALSE(copied.isNull());
+    EXPECT_EQ(copied.size(), QSize(10, 10));
+    EXPECT_EQ(FromQRgb(copied.pixel(3, 3)), QBColor(12));
+}
+
+TEST(ColourTest, SixteenColourTableAndRgbValues) {
+    constexpr std::array<std::array<int, 3>, 16> kTable = {{{0, 0, 0},
+                                                            {0, 0, 128},
+                                                            {0, 128, 0},
+                                                            {0, 128, 128},
+                                                            {128, 0, 0},
+                                                            {128, 0, 128},
+                                                            {128, 128, 0},
+                                                            {192, 192, 192},
+                                                            {128, 128, 128},
+                                                            {0, 0, 255},
+                                                            {0, 255, 0},
+                                                            {0, 255, 255},
+                                                            {255, 0, 0},
+                                                            {255, 0, 255},
+                                                            {255, 255, 0},
+                                                            {255, 255, 255}}};
+    for (int i = 0; i < 16; ++i) {
+        const auto& c = kTable[static_cast<size_t>(i)];
+        EXPECT_EQ(QBColor(i), c[0] + 256 * c[1] + 65536 * c[2]) << i;
+        const QRgb rgb = ToQRgb(QBColor(i));
+        EXPECT_EQ(qRed(rgb), c[0]);
+        EXPECT_EQ(qBlue(rgb), c[2]);
+    }
+    EXPECT_EQ(RGB(255, 255, 0), 65535); // yellow
+    EXPECT_EQ(QBColor(15), 16777215);
+    EXPECT_EQ(FromQRgb(qRgb(1, 2, 3)), 1 + 2 * 256 + 3 * 65536);
+}
+
+TEST(PlotWidgetTest, MouseIsReportedInTheSurfaceCoordinatesOfTheMoment) {
+    PlotWidget widget(360, 200);
+    widget.Surface().SetScale(0.0f, 90.0f, 360.0f, -10.0f);
+    struct Event {
+        char kind;
+        int button;
+        float x, y;
+    };
+    std::vector<Event> events;
+    QObject::connect(&widget, &PlotWidget::mouseDown, [&](int b, float x, float y) { events.push_back({'d', b, x, y}); });
+    QObject::connect(&widget, &PlotWidget::mouseMove, [&](int b, float x, float y) { events.push_back({'m', b, x, y}); });
+    QObject::connect(&widget, &PlotWidget::mouseUp, [&](int b, float x, float y) { events.push_back({'u', b, x, y}); });
+    widget.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget));
+
+    QTest::mousePress(&widget, Qt::LeftButton, Qt::NoModifier, QPoint(180, 20));
+    QTest::mouseRelease(&widget, Qt::RightButton, Qt::NoModifier, QPoint(90, 180));
+    QMouseEvent move(QEvent::MouseMove, QPointF(36, 100), widget.mapToGlobal(QPointF(36, 100)), Qt::NoButton,
+                     Qt::LeftButton | Qt::MiddleButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &move);
+    widget.Surface().SetPixelScale();
+    QTest::mousePress(&widget, Qt::RightButton, Qt::NoModifier, QPoint(36, 100));
+
+    ASSERT_EQ(events.size(), 4u);
+    EXPECT_EQ(events[0].kind, 'd');
+    EXPECT_EQ(events[0].button, 1);
+    EXPECT_FLOAT_EQ(events[0].x, 180.0f);
+    EXPECT_FLOAT_EQ(events[0].y, 80.0f); // one degree of altitude is two pixels
+    EXPECT_EQ(events[1].kind, 'u');
+    EXPECT_EQ(events[1].button, 2);
+    EXPECT_FLOAT_EQ(events[1].y, 0.0f);
+    EXPECT_EQ(events[2].kind, 'm');
+    EXPECT_EQ(events[2].button, 1 + 4);
+    EXPECT_FLOAT_EQ(events[2].x, 36.0f);
+    EXPECT_FLOAT_EQ(events[2].y, 40.0f);
+    EXPECT_EQ(events[3].button, 2);
+    EXPECT_FLOAT_EQ(events[3].x, 36.0f);
+    EXPECT_FLOAT_EQ(events[3].y, 100.0f);
+}
+
+TEST(ImageCameraTest, ClickCopiesTheSurfaceAndFlashesABorder) {
+    PlotSurface s(12, 8);
+    s.FillBox(0.0f, 0.0f, 11.0f, 7.0f, RGB(1, 2, 3));
+    QGuiApplication::clipboard()->clear();
+    ImageCamera camera(&s);
+    EXPECT_EQ(camera.toolTip(), "Copy display to clipboard");
+    bool borderDuringWait = false;
+    QTimer::singleShot(30, &camera, [&] { borderDuringWait = camera.HasBorder(); });
+    camera.Click();
+    EXPECT_TRUE(borderDuringWait); // the wait let the timer run
+    EXPECT_FALSE(camera.HasBorder());
+    const QImage copied = QGuiApplication::clipboard()->image();
+    ASSERT_EQ(copied.size(), QSize(12, 8));
+    EXPECT_EQ(FromQRgb(copied.pixel(6, 4)), RGB(1, 2, 3));
+}
+
+class PagePrinterTest : public ::testing::Test {
+protected:
+    QTemporaryDir dir;
+    ScriptedDialogs dialogs;
+};
+
+TEST_F(PagePrinterTest, CancelledDialogPrintsNothing) {
+    PagePrinter page;
+    EXPECT_FALSE(page.ChoosePrinter(dialogs));
+    EXPECT_EQ(dialogs.printDialogs, 1);
+}
+
+// Counts the page objects of a PDF, not the page tree.
+int PdfPages(const QByteArray& pdf) {
+    int pages = 0;
+    for (qsizetype at = pdf.indexOf("/Type /Page"); at >= 0; at = pdf.indexOf("/Type /Page", at + 1))
+        pages += pdf.mid(at + 11, 1) != "s";
+    return pages;
+}
+
+TEST_F(PagePrinterTest, TwoPagesToPdf) {
+    dialogs.printToPdf = dir.filePath("out.pdf");
+    {
+        PagePrinter page;
+        ASSERT_TRUE(page.ChoosePrinter(dialogs));
+        page.SetScaleMode(PagePrinter::kInches);
+        page.SetCurrentX(1.0);
+        page.SetCurrentY(0.5);
+        page.SetFontSize(18);
+        page.PrintLine({"JUPITER EVENT PREDICTIONS", "    ", "2024/03/05"});
+        page.PrintLine({});
+        EXPECT_EQ(page.Page(), 1);
+        page.NewPage();
+        EXPECT_EQ(page.Page(), 2);
+        EXPECT_DOUBLE_EQ(page.CurrentY(), 0.0);
+        page.SetFontSize(10);
+        page.PrintLine({PagePrinter::Tab(30), "Page ", QString::number(page.Page())});
+        page.EndDocument();
+        EXPECT_FALSE(page.Failed());
+        ASSERT_EQ(page.Output().size(), 5u);
+        EXPECT_EQ(page.Output()[0].page, 1);
+        EXPECT_DOUBLE_EQ(page.Output()[0].x, 1.0);
+        EXPECT_DOUBLE_EQ(page.Output()[0].y, 0.5);
+        EXPECT_EQ(page.Output()[4].page, 2);
+        EXPECT_EQ(page.Output()[4].text, "2");
+    }
+    QFile file(dialogs.printToPdf);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray pdf = file.readAll();
+    EXPECT_TRUE(pdf.startsWith("%PDF"));
+    EXPECT_EQ(PdfPages(pdf), 2);
+}
+
+TEST_F(PagePrinterTest, TabStopsCountAverageCharacterWidths) {
+    dialogs.printToPdf = dir.filePath("tabs.pdf");
+    PagePrinter page;
+    ASSERT_TRUE(page.ChoosePrinter(dialogs));
+    page.SetFontSize(10);
+    const double avg = page.AverageCharWidth();
+    // An independent measure of the same font on the same printer.
+    QFont font("DejaVu Sans");
+    font.setPointSizeF(10);
+    EXPECT_NEAR(avg, QFontMetricsF(font, &page.Printer()).averageCharWidth() / page.Printer().resolution(), 1e-9);
+    EXPECT_GT(avg, 0.04);
+    EXPECT_LT(avg, 0.12);
+
+    page.PrintLine({PagePrinter::Tab(10), "Begin", PagePrinter::Tab(20), "End", PagePrinter::Tab(21), "x"});
+    const auto& out = page.Output();
+    ASSERT_EQ(out.size(), 3u);
+    EXPECT_NEAR(out[0].x, 9 * avg, 1e-9);
+    EXPECT_NEAR(out[1].x, 19 * avg, 1e-9);
+    EXPECT_DOUBLE_EQ(out[1].y, out[0].y);
+    // "End" reaches past column 21: the tab goes on to the next line.
+    EXPECT_NEAR(out[2].x, 20 * avg, 1e-9);
+    EXPECT_NEAR(out[2].y, out[0].y + page.LineHeight(), 1e-9);
+    EXPECT_DOUBLE_EQ(page.CurrentX(), 0.0);
+    EXPECT_NEAR(page.CurrentY(), out[2].y + page.LineHeight(), 1e-9);
+
+    // Texts without a tab follow each other; a larger font widens the columns.
+    page.PrintLine({"Ab", "cd"});
+    EXPECT_NEAR(page.Output()[4].x, page.TextWidth("Ab"), 1e-9);
+    page.SetFontSize(20);
+    EXPECT_NEAR(page.AverageCharWidth(), 2 * avg, 0.1 * avg);
+    page.EndDocument();
+}
+
+TEST_F(PagePrinterTest, WidgetImageFillsThePageWidth) {
+    dialogs.printToPdf = dir.filePath("image.pdf");
+    PagePrinter page;
+    ASSERT_TRUE(page.ChoosePrinter(dialogs));
+    PlotWidget widget(400, 100);
+    PrintWidgetImage(widget, page);
+    const double pageWidth = page.Printer().pageRect(QPrinter::Inch).width();
+    EXPECT_NEAR(page.CurrentY(), pageWidth / 4.0, 1e-6);
+    page.EndDocument();
+    EXPECT_FALSE(page.Failed());
+    EXPECT_GT(QFile(dialogs.printToPdf).size(), 0);
+}
+
+} // namespace
+} // namespace tarvelle

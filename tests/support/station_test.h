@@ -1,5 +1,5 @@
-// A station for window tests: a temporary program directory holding the sample observer, a
-// settings store of its own, a clock the test sets (15:30 local on 2026-11-22, five hours
+// A station for window tests: a temporary program directory holding the sample observer and
+// the bundled mode file, a settings store of its own, a clock the test sets (15:30 local on 2026-11-22, five hours
 // west of Greenwich), and doubles of the dialogs and the desktop.
 #pragma once
 
@@ -25,6 +25,7 @@ protected:
         ASSERT_TRUE(dir.isValid());
         programDir = dir.path() + "/";
         WriteFile("viewer.obs", "\"39:15:00.0\"\r\n\"76:30:00.0\"\r\n\"-5\"\r\n");
+        ASSERT_TRUE(QFile::copy(TARVELLE_SOURCE_DATA "/UFMODES.JMF", programDir + "UFMODES.JMF"));
         settings = std::make_unique<SettingsStore>(dir.filePath("settings.ini"));
         clock.local = DateSerial(2026, 11, 22) + TimeSerial(15, 30, 0);
         clock.biasHours = 5.0;
