@@ -31,7 +31,7 @@ ModeTableState SixModes() {
     const struct {
         const char* name;
         int16_t cml1, cml2, io1, io2;
-    } rows[] = {{"Io-A", 200, 270, 195, 265}, {"Io-B", 105, 185, 55, 110}, {"Io-C", 280, 20, 225, 260},
+    } rows[] = {{"Io-A", 200, 270, 195, 265}, {"Io-B", 105, 185, 55, 110},    {"Io-C", 280, 20, 225, 260},
                 {"Io-D", 0, 200, 95, 130},    {"non-Io-A", 200, 260, 0, 360}, {"non-Io-B", 330, 60, 0, 360}};
     for (size_t i = 0; i < 6; ++i) {
         modes.ModeName[i + 1] = rows[i].name;

@@ -218,7 +218,6 @@ int Readout(const Options& options, std::ostream& out) {
     return 0;
 }
 
-
 std::string TextOption(const Options& options, const char* key, const char* fallback) {
     const auto it = options.find(key);
     return it == options.end() ? fallback : it->second;
@@ -242,15 +241,16 @@ void LoadModes(ModeTableState& modes, const Options& options) {
 }
 
 ReportExclusions Exclusions(const Options& options) {
-    return ExclusionsFromTexts(TextOption(options, "jup-alt-min", "0"), TextOption(options, "sun-alt-max", "0"),
-                               TextOption(options, "min-ha", "-6"), TextOption(options, "max-ha", "6"));
+    return ExclusionsFromTexts(TextOption(options, "jup-alt-min", "0"),
+                               TextOption(options, "sun-alt-max", "0"), TextOption(options, "min-ha", "-6"),
+                               TextOption(options, "max-ha", "6"));
 }
 
 // The prediction window's grid after a prediction of the date, and with --tables the day's
 // minute tables and ModeActivity.
 int Predict(const Options& options, std::ostream& out) {
-    RequireOnly(options, {"date", "modes", "jup-alt-min", "sun-alt-max", "min-ha", "max-ha", "tables", "observer",
-                          "lat", "lng", "tz"});
+    RequireOnly(options, {"date", "modes", "jup-alt-min", "sun-alt-max", "min-ha", "max-ha", "tables",
+                          "observer", "lat", "lng", "tz"});
     Core core;
     LoadObserver(core, options);
     const double date = RequireInstant(options, "date", false);
@@ -274,8 +274,8 @@ int Predict(const Options& options, std::ostream& out) {
     for (int i = 1; i <= n; ++i) out << ",ModeActivity" << i;
     out << '\n';
     for (size_t m = 0; m <= static_cast<size_t>(kMinutesPerDay); ++m) {
-        out << m << ',' << tables.MinuteCML[m] << ',' << tables.MinuteIo[m] << ',' << tables.MinuteSunAlt[m] << ','
-            << tables.MinuteJupAlt[m] << ',' << Single(tables.MinuteJupHA[m]);
+        out << m << ',' << tables.MinuteCML[m] << ',' << tables.MinuteIo[m] << ',' << tables.MinuteSunAlt[m]
+            << ',' << tables.MinuteJupAlt[m] << ',' << Single(tables.MinuteJupHA[m]);
         for (size_t i = 1; i <= static_cast<size_t>(n); ++i) out << ',' << (*activity)[i][m];
         out << '\n';
     }

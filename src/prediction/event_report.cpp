@@ -81,13 +81,14 @@ std::string ReportHourAngleRow(const PredictionGrid& grid, int row, const Minute
 std::string ReportDayBlock(double predictDate, const PredictionGrid& grid, const MinuteTables& tables,
                            const ReportOptions& o, const std::function<void()>& afterRow) {
     const CalendarFields f = FieldsOf(predictDate);
-    std::string block = "< Year " + std::to_string(f.year) + "   Month " + std::to_string(f.month) + "   Day " +
-                        std::to_string(f.day) + " >" + kCrLf + kCrLf;
+    std::string block = "< Year " + std::to_string(f.year) + "   Month " + std::to_string(f.month) +
+                        "   Day " + std::to_string(f.day) + " >" + kCrLf + kCrLf;
     for (int r = 0; r < grid.Rows; ++r) {
         std::string text = ReportRowText(grid, r);
         const std::string hourAngles = o.ReportIncludeHA && r > 0 ? ReportHourAngleRow(grid, r, tables) : "";
         if (o.ReportIoOnly && Holds(text, "Begin")) text = text.substr(0, kIoOnlyWidth);
-        const bool ioLeftOut = o.ReportIoOnly && !Holds(text, "Io") && !Holds(text, "Begin") && !Holds(text, "Month");
+        const bool ioLeftOut =
+            o.ReportIoOnly && !Holds(text, "Io") && !Holds(text, "Begin") && !Holds(text, "Month");
         const bool noneLeftOut = Holds(text, "NONE") && o.ReportNoNONE;
         if (!ioLeftOut && !noneLeftOut) {
             block += text + kCrLf;

@@ -24,7 +24,7 @@ namespace tarvelle {
 // What the report options window and the prediction window's fields give a report.
 struct ReportOptions {
     double ReportStart = 0.0, ReportEnd = 0.0; // date values of the first and last day
-    float ReportMinDuration = 0.0f;           // minutes
+    float ReportMinDuration = 0.0f;            // minutes
     bool ReportHeader = true;
     bool ReportIncludeHA = false;
     bool ReportIoOnly = false;

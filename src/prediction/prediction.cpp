@@ -11,8 +11,8 @@ namespace tarvelle {
 
 namespace {
 
-constexpr double kPredictionBase = 0.006944444;     // 00:10, where the day's positions are taken
-constexpr double kSiderealMinute = 0.016712298;     // one minute of mean time in sidereal hours
+constexpr double kPredictionBase = 0.006944444;      // 00:10, where the day's positions are taken
+constexpr double kSiderealMinute = 0.016712298;      // one minute of mean time in sidereal hours
 constexpr double kCMLPerMinute = 0.6045389117618717; // degrees of CML III a minute
 constexpr double kIoPerMinute = 0.14132278123233466; // degrees of Io phase a minute
 constexpr double kHalfIoMinute = 0.07066139061616733;
@@ -35,9 +35,14 @@ struct ModeLimits {
 };
 
 ModeLimits LimitsOf(const std::array<int16_t, 5>& mode) {
-    const int top = mode[CML2] >= mode[CML1] ? mode[CML2] : 360;
-    return {mode[IoP1] - kHalfIoMinute, mode[IoP2] + kHalfIoMinute, mode[CML1] - kHalfCMLMinute,
-            top + kHalfCMLMinute,       mode[CML2] < mode[CML1],      mode[CML2] + kHalfCMLMinute};
+    ModeLimits l{};
+    l.ioLow = mode[IoP1] - kHalfIoMinute;
+    l.ioHigh = mode[IoP2] + kHalfIoMinute;
+    l.cmlLow = mode[CML1] - kHalfCMLMinute;
+    l.cmlHigh = (mode[CML2] >= mode[CML1] ? mode[CML2] : 360) + kHalfCMLMinute;
+    l.wraps = mode[CML2] < mode[CML1];
+    l.wrapHigh = mode[CML2] + kHalfCMLMinute;
+    return l;
 }
 
 inline int16_t Match(const ModeLimits& l, int16_t cml, int16_t io) {
@@ -50,11 +55,12 @@ inline int16_t Match(const ModeLimits& l, int16_t cml, int16_t io) {
 bool IsExcluded(const MinuteTables& t, size_t m, const ReportExclusions& ex) {
     return static_cast<float>(t.MinuteJupAlt[m]) < ex.ReportJupAltMin ||
            static_cast<float>(t.MinuteSunAlt[m]) > ex.ReportSunAltMax ||
-           static_cast<double>(t.MinuteJupHA[m]) < ex.MinHA || static_cast<double>(t.MinuteJupHA[m]) > ex.MaxHA;
+           static_cast<double>(t.MinuteJupHA[m]) < ex.MinHA ||
+           static_cast<double>(t.MinuteJupHA[m]) > ex.MaxHA;
 }
 
-// Takes out events shorter than the minimum. The stepping skips the minute after each event
-// and never clears row 1440, exactly as the window's filter does.
+// Takes out events shorter than the minimum. An event is measured only up to row 1440, so
+// that row is never cleared; the minute after each event is stepped over.
 void DropShortEvents(std::array<int16_t, kMinutesPerDay + 1>& row, float minDuration) {
     int s = 0;
     do {
@@ -117,7 +123,8 @@ void MatchModes(const MinuteTables& tables, const ModeTableState& modes, Activit
     std::array<ModeLimits, kPredictedModes + 1> limits{};
     for (size_t i = 1; i <= n; ++i) limits[i] = LimitsOf(modes.ModeTable[i]);
     for (size_t m = 1; m <= kLastMinute; ++m)
-        for (size_t i = 1; i <= n; ++i) activity[i][m] = Match(limits[i], tables.MinuteCML[m], tables.MinuteIo[m]);
+        for (size_t i = 1; i <= n; ++i)
+            activity[i][m] = Match(limits[i], tables.MinuteCML[m], tables.MinuteIo[m]);
 }
 
 ReportExclusions ExclusionsFromTexts(const std::string& jupAltMin, const std::string& sunAltMax,

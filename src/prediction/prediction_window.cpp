@@ -142,6 +142,8 @@ void Form3::BuildControls() {
     Grid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
     Grid1->setSelectionMode(QAbstractItemView::SingleSelection);
     Grid1->setContextMenuPolicy(Qt::CustomContextMenu);
+    Grid1->horizontalHeader()->setMinimumSectionSize(64);
+    Grid1->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
     txtJupAltMin = field("txtJupAltMin", 48);
     txtSunAltMax = field("txtSunAltMax", 48);
@@ -285,8 +287,14 @@ void Form3::DrawChart() {
         s.FillBox(static_cast<float>(m - 1), 1, static_cast<float>(m), 0, alt < 0 ? RGB(0, 0, 255) : AltitudeColour(alt));
     }
     s.SetScale(0, 0, 86400, 9.5f);
-    for (int i = 1; i <= 72; ++i) s.DrawLine(1200.0f * i, 1, 1200.0f * i, 8, QBColor(7));
-    for (int i = 1; i <= 23; ++i) s.DrawLine(3600.0f * i, 1, 3600.0f * i, 8, QBColor(4));
+    for (int i = 1; i <= 72; ++i) {
+        const auto x = static_cast<float>(1200 * i); // every 20 minutes
+        s.DrawLine(x, 1, x, 8, QBColor(7));
+    }
+    for (int i = 1; i <= 23; ++i) {
+        const auto x = static_cast<float>(3600 * i); // every hour
+        s.DrawLine(x, 1, x, 8, QBColor(4));
+    }
     const ActivityTable& a = st_.activity.ModeActivity;
     for (int m = 1; m <= kMinutesPerDay; ++m) {
         for (int i = 1; i <= kPredictedModes; ++i) {
@@ -313,6 +321,11 @@ void Form3::ShowGrid() {
     }
     for (int i = 1; i <= st_.modes.PredictedModes(); ++i) LBLMode[i - 1]->setText(Q(st_.modes.ModeName[static_cast<size_t>(i)]));
     Grid1->resizeColumnsToContents();
+    Grid1->resizeRowsToContents();
+    // The whole grid in view: seven rows at most.
+    int height = 2 * Grid1->frameWidth();
+    for (int r = 0; r < Grid1->rowCount(); ++r) height += Grid1->rowHeight(r);
+    Grid1->setMinimumHeight(height);
 }
 
 void Form3::HourBar() {

@@ -60,7 +60,8 @@ double PagePrinter::LineHeight() const {
 }
 
 double PagePrinter::TextWidth(const QString& text) const {
-    return QFontMetricsF(PrinterFont(fontSize_, bold_), printer_.get()).horizontalAdvance(text) / Resolution();
+    return QFontMetricsF(PrinterFont(fontSize_, bold_), printer_.get()).horizontalAdvance(text) /
+           Resolution();
 }
 
 // The painter of the document, started at the first output; null once the printer has failed.
@@ -93,7 +94,8 @@ void PagePrinter::PrintLine(const std::vector<Item>& items) {
             painter->setFont(font);
             painter->setPen(Qt::black);
             const double r = Resolution();
-            painter->drawText(QPointF(x_ * r, y_ * r + QFontMetricsF(font, printer_.get()).ascent()), item.text);
+            painter->drawText(QPointF(x_ * r, y_ * r + QFontMetricsF(font, printer_.get()).ascent()),
+                              item.text);
         }
         x_ += TextWidth(item.text);
     }

@@ -17,10 +17,10 @@ constexpr int kDiscCentreColumn = 9;
 
 // Jupiter's belts and zones, one colour a row from the north pole down.
 constexpr std::array<int, 16> kJupiterRows = {
-    RGB(170, 120, 85),  RGB(190, 140, 100), RGB(215, 170, 120), RGB(160, 90, 50),
-    RGB(175, 105, 62),  RGB(230, 190, 140), RGB(236, 200, 152), RGB(150, 75, 40),
-    RGB(140, 70, 35),   RGB(226, 186, 136), RGB(220, 180, 130), RGB(165, 95, 55),
-    RGB(155, 85, 45),   RGB(210, 165, 115), RGB(185, 135, 95),  RGB(165, 115, 80)};
+    RGB(170, 120, 85), RGB(190, 140, 100), RGB(215, 170, 120), RGB(160, 90, 50),
+    RGB(175, 105, 62), RGB(230, 190, 140), RGB(236, 200, 152), RGB(150, 75, 40),
+    RGB(140, 70, 35),  RGB(226, 186, 136), RGB(220, 180, 130), RGB(165, 95, 55),
+    RGB(155, 85, 45),  RGB(210, 165, 115), RGB(185, 135, 95),  RGB(165, 115, 80)};
 
 int Darker(int colour, double factor) {
     const auto part = [&](int shift) {
@@ -50,12 +50,12 @@ QRgb FalseColour(double t) {
         int r, g, b;
     };
     static constexpr std::array<Stop, 7> kStops = {{{0.0, 0, 0, 48},
-                                                   {0.15, 0, 0, 140},
-                                                   {0.35, 0, 90, 220},
-                                                   {0.55, 0, 200, 200},
-                                                   {0.7, 120, 230, 60},
-                                                   {0.85, 250, 200, 0},
-                                                   {1.0, 255, 40, 0}}};
+                                                    {0.15, 0, 0, 140},
+                                                    {0.35, 0, 90, 220},
+                                                    {0.55, 0, 200, 200},
+                                                    {0.7, 120, 230, 60},
+                                                    {0.85, 250, 200, 0},
+                                                    {1.0, 255, 40, 0}}};
     t = std::clamp(t, 0.0, 1.0);
     size_t i = 1;
     while (i + 1 < kStops.size() && t > kStops[i].at) ++i;
@@ -77,8 +77,17 @@ QImage AllSkyShading(QRgb outside) {
     struct Source {
         double u, v, peak, width;
     };
-    static constexpr std::array<Source, 4> kSources = {
-        {{0.42, -0.38, 0.55, 0.035}, {-0.55, 0.22, 0.45, 0.03}, {0.1, 0.62, 0.35, 0.04}, {-0.2, -0.7, 0.3, 0.03}}};
+    static constexpr std::array<Source, 4> kSources = {{{0.42, -0.38, 0.55, 0.035},
+                                                        {-0.55, 0.22, 0.45, 0.03},
+                                                        {0.1, 0.62, 0.35, 0.04},
+                                                        {-0.2, -0.7, 0.3, 0.03}}};
+    // The band's centre line and its brightness along the plane depend on the column only.
+    std::array<double, kSkySize> centreLine{}, along{};
+    for (int x = 0; x < kSkySize; ++x) {
+        const double u = (x + 0.5 - c) / kSkyRadius;
+        centreLine[static_cast<size_t>(x)] = 0.35 * std::sin(2.2 * u + 0.6) - 0.1 * u;
+        along[static_cast<size_t>(x)] = 0.55 + 0.45 * std::exp(-((u + 0.35) * (u + 0.35)) / 0.08);
+    }
     for (int y = 0; y < kSkySize; ++y) {
         auto* line = reinterpret_cast<QRgb*>(sky.scanLine(y));
         for (int x = 0; x < kSkySize; ++x) {
@@ -88,15 +97,14 @@ QImage AllSkyShading(QRgb outside) {
                 line[x] = outside;
                 continue;
             }
-            const double centreLine = 0.35 * std::sin(2.2 * u + 0.6) - 0.1 * u;
-            const double d = v - centreLine;
-            const double along = 0.55 + 0.45 * std::exp(-((u + 0.35) * (u + 0.35)) / 0.08);
+            const double d = v - centreLine[static_cast<size_t>(x)];
             double t = 0.1 + 0.05 * (1.0 - r2);
-            t += 0.22 * std::exp(-(d * d) / 0.06);
-            t += 0.55 * along * std::exp(-(d * d) / 0.006);
+            if (d * d < 0.6) t += 0.22 * std::exp(-(d * d) / 0.06);
+            if (d * d < 0.06) t += 0.55 * along[static_cast<size_t>(x)] * std::exp(-(d * d) / 0.006);
             for (const Source& s : kSources) {
-                const double du = u - s.u, dv = v - s.v;
-                t += s.peak * std::exp(-(du * du + dv * dv) / (s.width * s.width));
+                const double du = u - s.u, dv = v - s.v, w2 = s.width * s.width;
+                // Beyond three widths a source adds less than one part in ten thousand.
+                if (du * du + dv * dv < 9.0 * w2) t += s.peak * std::exp(-(du * du + dv * dv) / w2);
             }
             line[x] = FalseColour(t);
         }
@@ -108,7 +116,8 @@ void DrawDisc(PlotSurface& s, int colour) {
     s.SetPixelScale();
     for (int row = 1; row <= 16; ++row) {
         const int hw = kDiscHalfWidths[static_cast<size_t>(row - 1)];
-        const auto x1 = static_cast<float>(kDiscCentreColumn - hw), x2 = static_cast<float>(kDiscCentreColumn + hw);
+        const auto x1 = static_cast<float>(kDiscCentreColumn - hw),
+                   x2 = static_cast<float>(kDiscCentreColumn + hw);
         const auto y = static_cast<float>(row);
         s.FillBox(x1, y, x2, y, colour);
     }
@@ -122,7 +131,8 @@ void DrawJupiter(PlotSurface& s) {
         for (int x = kDiscCentreColumn - hw; x <= kDiscCentreColumn + hw; ++x) {
             // The limb is darker than the middle of the disc.
             const double limb = std::abs(x - kDiscCentreColumn) / static_cast<double>(hw + 1);
-            s.DrawPoint(static_cast<float>(x), static_cast<float>(row), Darker(colour, 1.0 - 0.3 * limb * limb));
+            s.DrawPoint(static_cast<float>(x), static_cast<float>(row),
+                        Darker(colour, 1.0 - 0.3 * limb * limb));
         }
     }
     // The Great Red Spot, in the southern equatorial belt.

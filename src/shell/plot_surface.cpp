@@ -156,11 +156,18 @@ public:
         if (y < 0 || y >= height_) return;
         x1 = std::max(x1, 0);
         x2 = std::min(x2, width_ - 1);
+        if (x1 > x2) return;
+        if (!xor_) {
+            std::fill(At(x1, y), At(x2, y) + 1, rgb_);
+            return;
+        }
         for (int x = x1; x <= x2; ++x) Put(x, y);
     }
 
 private:
-    QRgb* At(int x, int y) { return reinterpret_cast<QRgb*>(bits_ + static_cast<qsizetype>(y) * stride_) + x; }
+    QRgb* At(int x, int y) {
+        return reinterpret_cast<QRgb*>(bits_ + static_cast<qsizetype>(y) * stride_) + x;
+    }
 
     uchar* bits_;
     qsizetype stride_;
@@ -580,7 +587,8 @@ void PlotSurface::StretchPicture(const PlotSurface& source, float x, float y, fl
 void PlotSurface::StretchPicture(const QImage& source, float x, float y, float width, float height,
                                  const QRectF& sourcePixels) {
     if (source.isNull()) return;
-    int x0 = frame_.PixelColumn(x), x1 = frame_.PixelColumn(static_cast<double>(x) + static_cast<double>(width));
+    int x0 = frame_.PixelColumn(x),
+        x1 = frame_.PixelColumn(static_cast<double>(x) + static_cast<double>(width));
     int y0 = frame_.PixelRow(y), y1 = frame_.PixelRow(static_cast<double>(y) + static_cast<double>(height));
     const bool mirrorX = x1 < x0, mirrorY = y1 < y0;
     if (mirrorX) std::swap(x0, x1);
@@ -671,10 +679,11 @@ void DrawSprite(PlotSurface& surface, const PlotSurface& sprite, const PlotSurfa
     surface.CopyBlock(left, top, sprite.PixelWidth(), sprite.PixelHeight(), sprite, 0, 0, RasterMode::Or);
 }
 
-void MoveSprite(PlotSurface& surface, const PlotSurface& sprite, const PlotSurface& mask, PlotSurface& saveUnder,
-                SpriteState& state, int left, int top) {
+void MoveSprite(PlotSurface& surface, const PlotSurface& sprite, const PlotSurface& mask,
+                PlotSurface& saveUnder, SpriteState& state, int left, int top) {
     if (state.onPlot)
-        surface.CopyBlock(state.left, state.top, state.width, state.height, saveUnder, 0, 0, RasterMode::Copy);
+        surface.CopyBlock(state.left, state.top, state.width, state.height, saveUnder, 0, 0,
+                          RasterMode::Copy);
     state.left = left;
     state.top = top;
     state.width = sprite.PixelWidth();

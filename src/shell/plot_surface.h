@@ -228,8 +228,8 @@ struct SpriteState {
 
 // Puts back what lay under the sprite's last block, keeps what lies under the new one in
 // saveUnder, draws the sprite there and refreshes.
-void MoveSprite(PlotSurface& surface, const PlotSurface& sprite, const PlotSurface& mask, PlotSurface& saveUnder,
-                SpriteState& state, int left, int top);
+void MoveSprite(PlotSurface& surface, const PlotSurface& sprite, const PlotSurface& mask,
+                PlotSurface& saveUnder, SpriteState& state, int left, int top);
 
 // A box dragged with the mouse, drawn in XOR with white so that drawing it again takes it off.
 class RubberBand {

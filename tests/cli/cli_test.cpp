@@ -113,7 +113,9 @@ protected:
         text << in.rdbuf();
         return text.str();
     }
-    std::vector<std::string> Place() const { return {"--modes", modes, "--lat", "39:15:00", "--lng", "76:30:00"}; }
+    std::vector<std::string> Place() const {
+        return {"--modes", modes, "--lat", "39:15:00", "--lng", "76:30:00"};
+    }
     Result With(std::vector<std::string> args) const {
         for (const auto& a : Place()) args.push_back(a);
         return RunArgs(args);
@@ -159,8 +161,9 @@ TEST_F(CliPrediction, TablesFollowTheGrid) {
     const auto lines = Lines(r.out);
     ASSERT_EQ(lines.size(), 4u + 1u + 1u + 1441u);
     EXPECT_EQ(lines[4], "");
-    EXPECT_EQ(lines[5], "m,MinuteCML,MinuteIo,MinuteSunAlt,MinuteJupAlt,MinuteJupHA,ModeActivity1,ModeActivity2,"
-                        "ModeActivity3");
+    EXPECT_EQ(lines[5],
+              "m,MinuteCML,MinuteIo,MinuteSunAlt,MinuteJupAlt,MinuteJupHA,ModeActivity1,ModeActivity2,"
+              "ModeActivity3");
     EXPECT_EQ(lines[6], "0,0,0,0,0,0,0,0,0");
     // The always-on mode is 1 where nothing excludes it and -1 elsewhere; the grid's first
     // begin is the minute before its first 1.
@@ -179,9 +182,11 @@ TEST_F(CliPrediction, TablesFollowTheGrid) {
 
 TEST_F(CliPrediction, ReportFileAsTheWriterMakesIt) {
     const std::string out = dir.filePath("r.txt").toStdString();
-    const Result r = With({"report", "--from", "2024-02-28", "--to", "2024-03-01", "--out", out, "--min-duration",
-                           "-3", "--hour-angle", "--no-none", "--date-format", "2", "--jup-alt-min", "5x",
-                           "--sun-alt-max", "-6", "--min-ha", "-5", "--max-ha", "5.5"});
+    const Result r =
+        With({"report", "--from",         "2024-02-28", "--to",          "2024-03-01", "--out",
+              out,      "--min-duration", "-3",         "--hour-angle",  "--no-none",  "--date-format",
+              "2",      "--jup-alt-min",  "5x",         "--sun-alt-max", "-6",         "--min-ha",
+              "-5",     "--max-ha",       "5.5"});
     ASSERT_EQ(r.status, 0) << r.err;
     EXPECT_TRUE(r.out.empty());
 
@@ -221,15 +226,19 @@ TEST_F(CliPrediction, ReportFlagsAndDefaults) {
     const std::string out = dir.filePath("plain.txt").toStdString();
     ASSERT_EQ(With({"report", "--from", "2025-12-31", "--to", "2026-01-01", "--out", out}).status, 0);
     const std::string plain = Read(out);
-    EXPECT_EQ(plain.rfind("JUPITER EVENT PREDICTIONS\r\n\r\nReport Period  (GMT) 2025/12/31  to  2026/01/01", 0), 0u);
+    EXPECT_EQ(
+        plain.rfind("JUPITER EVENT PREDICTIONS\r\n\r\nReport Period  (GMT) 2025/12/31  to  2026/01/01", 0),
+        0u);
     EXPECT_NE(plain.find("below 0 deg.\r\nExclude times when Sun is above 0 deg."), std::string::npos);
     EXPECT_NE(plain.find("\r\nnever     NONE      \r\n"), std::string::npos);
 
-    ASSERT_EQ(With({"report", "--from", "2025-12-31", "--to", "2026-01-01", "--out", out, "--no-header", "--io-only"})
+    ASSERT_EQ(With({"report", "--from", "2025-12-31", "--to", "2026-01-01", "--out", out, "--no-header",
+                    "--io-only"})
                   .status,
               0);
     const std::string ioOnly = Read(out);
-    EXPECT_EQ(ioOnly.rfind("< Year 2025   Month 12   Day 31 >\r\n\r\n" + std::string(10, ' ') + "Begin      End      \r\n",
+    EXPECT_EQ(ioOnly.rfind("< Year 2025   Month 12   Day 31 >\r\n\r\n" + std::string(10, ' ') +
+                               "Begin      End      \r\n",
                            0),
               0u);
     EXPECT_EQ(ioOnly.find("never"), std::string::npos);
@@ -254,8 +263,8 @@ TEST_F(CliPrediction, RefusalsExitTwo) {
         EXPECT_TRUE(r.out.empty());
         EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << r.err;
     }
-    const Result missing =
-        RunArgs({"predict", "--date", "2026-01-01", "--modes", "/nonexistent/m.jmf", "--lat", "0", "--lng", "0"});
+    const Result missing = RunArgs(
+        {"predict", "--date", "2026-01-01", "--modes", "/nonexistent/m.jmf", "--lat", "0", "--lng", "0"});
     EXPECT_EQ(missing.status, 2);
     EXPECT_NE(missing.err.find("/nonexistent/m.jmf"), std::string::npos);
     EXPECT_FALSE(QFile::exists(QString::fromStdString(out)));

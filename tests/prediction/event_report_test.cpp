@@ -88,8 +88,8 @@ ReportExclusions Open() {
 
 std::string DayOfAllDayAndNever(int y, int m, int d) {
     return "< Year " + std::to_string(y) + "   Month " + std::to_string(m) + "   Day " + std::to_string(d) +
-           " >\r\n\r\n" + B(10) + "Begin      End      " + B(40) + "\r\n" + "Io-all    00:00     23:59     " + B(40) +
-           "\r\n" + "Io-never  NONE      \r\n" + B(50) + "\r\n" + kRule + "\r\n";
+           " >\r\n\r\n" + B(10) + "Begin      End      " + B(40) + "\r\n" + "Io-all    00:00     23:59     " +
+           B(40) + "\r\n" + "Io-never  NONE      \r\n" + B(50) + "\r\n" + kRule + "\r\n";
 }
 
 std::string Header(const std::string& period, const std::string& minutes) {
@@ -117,7 +117,7 @@ ReportOptions Span(double start, double end) {
 }
 
 std::string ReportOf(Core& c, const ReportOptions& o, ReportOutcome expected = ReportOutcome::Completed,
-                const std::function<bool(double)>& onDay = {}) {
+                     const std::function<bool(double)>& onDay = {}) {
     std::ostringstream out;
     EXPECT_EQ(WriteEventReport(c, AllDayAndNever(), o, Open(), out, onDay), expected);
     return out.str();
@@ -155,10 +155,11 @@ TEST(ReportRows, CellsOfTenAndNoneEndsTheLine) {
 
 TEST(ReportBlock, PlainAndWithHourAngles) {
     ReportOptions o;
-    EXPECT_EQ(Block(o), kLeapDay + kHeading + "\r\n" + kRowA + "\r\n" + kRowB + "\r\n" + kRowC + "\r\n" + kRule);
+    EXPECT_EQ(Block(o),
+              kLeapDay + kHeading + "\r\n" + kRowA + "\r\n" + kRowB + "\r\n" + kRowC + "\r\n" + kRule);
     o.ReportIncludeHA = true;
-    EXPECT_EQ(Block(o), kLeapDay + kHeading + "\r\n" + "\r\n\r\n" + kRowA + "\r\n" + kHourAnglesA + "\r\n\r\n" +
-                            kRowB + "\r\n" + kHourAnglesB + "\r\n\r\n" + kRowC + "\r\n" + kRule);
+    EXPECT_EQ(Block(o), kLeapDay + kHeading + "\r\n" + "\r\n\r\n" + kRowA + "\r\n" + kHourAnglesA +
+                            "\r\n\r\n" + kRowB + "\r\n" + kHourAnglesB + "\r\n\r\n" + kRowC + "\r\n" + kRule);
 }
 
 TEST(ReportBlock, IoOnlyAndNoNone) {
@@ -169,10 +170,11 @@ TEST(ReportBlock, IoOnlyAndNoNone) {
     o.ReportNoNONE = true;
     EXPECT_EQ(Block(o), kLeapDay + cutHeading + "\r\n" + kRowA + "\r\n" + kRule);
     o.ReportIncludeHA = true; // a row left out takes its hour angles with it
-    EXPECT_EQ(Block(o), kLeapDay + cutHeading + "\r\n\r\n\r\n" + kRowA + "\r\n" + kHourAnglesA + "\r\n\r\n" + kRule);
+    EXPECT_EQ(Block(o),
+              kLeapDay + cutHeading + "\r\n\r\n\r\n" + kRowA + "\r\n" + kHourAnglesA + "\r\n\r\n" + kRule);
     o.ReportIoOnly = false;
-    EXPECT_EQ(Block(o), kLeapDay + kHeading + "\r\n\r\n\r\n" + kRowA + "\r\n" + kHourAnglesA + "\r\n\r\n" + kRowB +
-                            "\r\n" + kHourAnglesB + "\r\n\r\n" + kRule);
+    EXPECT_EQ(Block(o), kLeapDay + kHeading + "\r\n\r\n\r\n" + kRowA + "\r\n" + kHourAnglesA + "\r\n\r\n" +
+                            kRowB + "\r\n" + kHourAnglesB + "\r\n\r\n" + kRule);
 }
 
 TEST(ReportBlock, WrittenOnlyWithAnEventTime) {
@@ -188,7 +190,8 @@ TEST(ReportBlock, WrittenOnlyWithAnEventTime) {
     EXPECT_EQ(ReportBlockBytes(events), events + "\r\n");
 
     int rows = 0;
-    ReportDayBlock(DateSerial(2025, 1, 5), ThreeModeGrid(), HourAngles(), ReportOptions{}, [&rows] { ++rows; });
+    ReportDayBlock(DateSerial(2025, 1, 5), ThreeModeGrid(), HourAngles(), ReportOptions{},
+                   [&rows] { ++rows; });
     EXPECT_EQ(rows, 4);
 }
 
@@ -202,8 +205,8 @@ TEST(WholeReport, AcrossAYearEnd) {
     c.CurrentUT = DateSerial(2020, 1, 1) + 0.25;
     const ReportOptions o = Span(DateSerial(2023, 12, 30), DateSerial(2024, 1, 1));
     EXPECT_EQ(ReportOf(c, o), Header("2023/12/30  to  2024/01/01    ( YYYY  MM  DD )", " 0") +
-                             DayOfAllDayAndNever(2023, 12, 30) + DayOfAllDayAndNever(2023, 12, 31) +
-                             DayOfAllDayAndNever(2024, 1, 1) + "End of Report\r\n\r\n");
+                                  DayOfAllDayAndNever(2023, 12, 30) + DayOfAllDayAndNever(2023, 12, 31) +
+                                  DayOfAllDayAndNever(2024, 1, 1) + "End of Report\r\n\r\n");
     EXPECT_EQ(c.CurrentUT, DateSerial(2020, 1, 1) + 0.25);
 }
 
@@ -214,9 +217,9 @@ TEST(WholeReport, AcrossALeapDayWithoutHeaderOrNone) {
     o.ReportNoNONE = true;
     o.ReportMinDuration = 1439.0f; // the whole-day event lasts 1439 minutes by the filter's count
     auto day = [](int m, int d) {
-        return "< Year 2024   Month " + std::to_string(m) + "   Day " + std::to_string(d) + " >\r\n\r\n" + B(10) +
-               "Begin      End      " + B(40) + "\r\n" + "Io-all    00:00     23:59     " + B(40) + "\r\n" + kRule +
-               "\r\n";
+        return "< Year 2024   Month " + std::to_string(m) + "   Day " + std::to_string(d) + " >\r\n\r\n" +
+               B(10) + "Begin      End      " + B(40) + "\r\n" + "Io-all    00:00     23:59     " + B(40) +
+               "\r\n" + kRule + "\r\n";
     };
     EXPECT_EQ(ReportOf(c, o), day(2, 28) + day(2, 29) + day(3, 1) + "End of Report\r\n\r\n");
 
@@ -233,9 +236,10 @@ TEST(WholeReport, OneDayWhenStartAndEndAgree) {
     ReportOptions o = Span(DateSerial(2025, 3, 31), DateSerial(2025, 3, 31));
     o.ReportHeader = false;
     o.ReportIoOnly = true;
-    EXPECT_EQ(ReportOf(c, o), "< Year 2025   Month 3   Day 31 >\r\n\r\n" + B(10) + "Begin      End      " + "\r\n" +
-                             "Io-all    00:00     23:59     " + B(40) + "\r\n" + "Io-never  NONE      \r\n" + B(50) +
-                             "\r\n" + kRule + "\r\n" + "End of Report\r\n\r\n");
+    EXPECT_EQ(ReportOf(c, o), "< Year 2025   Month 3   Day 31 >\r\n\r\n" + B(10) + "Begin      End      " +
+                                  "\r\n" + "Io-all    00:00     23:59     " + B(40) + "\r\n" +
+                                  "Io-never  NONE      \r\n" + B(50) + "\r\n" + kRule + "\r\n" +
+                                  "End of Report\r\n\r\n");
 }
 
 TEST(WholeReport, CancelledBetweenDays) {
@@ -247,6 +251,7 @@ TEST(WholeReport, CancelledBetweenDays) {
         asked.push_back(day);
         return asked.size() < 3;
     });
-    EXPECT_EQ(asked, (std::vector<double>{DateSerial(2024, 12, 30), DateSerial(2024, 12, 31), DateSerial(2025, 1, 1)}));
+    EXPECT_EQ(asked, (std::vector<double>{DateSerial(2024, 12, 30), DateSerial(2024, 12, 31),
+                                          DateSerial(2025, 1, 1)}));
     EXPECT_EQ(text, DayOfAllDayAndNever(2024, 12, 30) + DayOfAllDayAndNever(2024, 12, 31));
 }

@@ -83,7 +83,8 @@ TEST(ModeMatch, CMLRangeThroughThreeSixtyAndInclusiveEnds) {
     const struct {
         int cml;
         int16_t expected;
-    } cases[] = {{199, 0}, {200, 1}, {290, 1}, {359, 1}, {360, 1}, {0, 1}, {1, 1}, {10, 1}, {11, 0}, {100, 0}};
+    } cases[] = {{199, 0}, {200, 1}, {290, 1}, {359, 1}, {360, 1},
+                 {0, 1},   {1, 1},   {10, 1},  {11, 0},  {100, 0}};
     for (const auto& c : cases)
         EXPECT_EQ(ModeMatch(static_cast<int16_t>(c.cml), 110, wrapped), c.expected) << "CML " << c.cml;
 
@@ -99,7 +100,8 @@ TEST(ModeMatch, CMLRangeThroughThreeSixtyAndInclusiveEnds) {
     // A range of one degree, and the full circle.
     EXPECT_EQ(ModeMatch(42, 0, M(42, 42, 0, 0)), 1);
     EXPECT_EQ(ModeMatch(43, 0, M(42, 42, 0, 0)), 0);
-    for (int cml : {0, 1, 180, 360}) EXPECT_EQ(ModeMatch(static_cast<int16_t>(cml), 360, M(0, 360, 0, 360)), 1);
+    for (int cml : {0, 1, 180, 360})
+        EXPECT_EQ(ModeMatch(static_cast<int16_t>(cml), 360, M(0, 360, 0, 360)), 1);
 }
 
 TEST(ModeMatch, ReversedIoRangeNeverMatchesEvenWithAWrappedCML) {
@@ -269,8 +271,12 @@ TEST(Grid, AnExcludedMinuteEndsAnEventButStaysInTheActivity) {
 }
 
 TEST(Grid, RowsFollowTheModesAndOldHeadingsStay) {
-    const ModeTableState six = Modes({{"1", M(0, 360, 0, 360)}, {"2", M(0, 360, 0, 360)}, {"3", M(0, 360, 0, 360)},
-                                      {"4", M(0, 360, 0, 360)}, {"5", M(0, 360, 0, 360)}, {"6", M(0, 360, 0, 360)}});
+    const ModeTableState six = Modes({{"1", M(0, 360, 0, 360)},
+                                      {"2", M(0, 360, 0, 360)},
+                                      {"3", M(0, 360, 0, 360)},
+                                      {"4", M(0, 360, 0, 360)},
+                                      {"5", M(0, 360, 0, 360)},
+                                      {"6", M(0, 360, 0, 360)}});
     ModeTableState eight = six;
     eight.NumModes = 8;
     auto a = Activity();
@@ -284,7 +290,8 @@ TEST(Grid, RowsFollowTheModesAndOldHeadingsStay) {
     ComputeReportEvents(QuietTables(), two, ReportExclusions{}, *a);
     FillGrid(g, two, *a);
     EXPECT_EQ(g.Rows, 3);
-    EXPECT_EQ(g.Cells[0], (std::array<std::string, 7>{"", "Begin", " End", "Begin", " End", "Begin", " End"}));
+    EXPECT_EQ(g.Cells[0],
+              (std::array<std::string, 7>{"", "Begin", " End", "Begin", " End", "Begin", " End"}));
     EXPECT_EQ(g.Cells[2][1], "NONE");
 }
 
@@ -402,7 +409,8 @@ TEST(BuildPredictionTables, AltitudesAreFloorsBelowTheHorizonToo) {
     int negatives = 0;
     for (size_t m = 1; m < 60; ++m) {
         const Core sky = SkyAtMinute(-30.0f, 0.0f, day, m);
-        for (const auto& [table, alt] : {std::pair{&t.MinuteSunAlt, sky.SunAlt}, std::pair{&t.MinuteJupAlt, sky.JupAlt}}) {
+        for (const auto& [table, alt] :
+             {std::pair{&t.MinuteSunAlt, sky.SunAlt}, std::pair{&t.MinuteJupAlt, sky.JupAlt}}) {
             if (std::fabs(alt - std::round(alt)) < 0.1) continue;
             EXPECT_EQ((*table)[m], static_cast<int16_t>(std::floor(alt))) << m;
             negatives += alt < 0.0 ? 1 : 0;
@@ -462,7 +470,8 @@ TEST(TodayActivity, BuildsTheGMTDayAndCopiesTheMatch) {
 
 TEST(CheckForActivity, NamesTheModesActiveAtTheMinute) {
     Core c;
-    const ModeTableState modes = Modes({{"Io-A", M(0, 0, 0, 0)}, {"Io-B", M(0, 0, 0, 0)}, {"Io-C", M(0, 0, 0, 0)}});
+    const ModeTableState modes =
+        Modes({{"Io-A", M(0, 0, 0, 0)}, {"Io-B", M(0, 0, 0, 0)}, {"Io-C", M(0, 0, 0, 0)}});
     ActivityState s;
     s.TodayActivity[1][1] = 1;
     s.TodayActivity[3][1] = 1;

@@ -33,7 +33,8 @@ int CountNot(const PlotSurface& s, int colour) {
 void PaintGradient(PlotSurface& s) {
     QImage picture(s.PixelWidth(), s.PixelHeight(), QImage::Format_RGB32);
     for (int y = 0; y < picture.height(); ++y)
-        for (int x = 0; x < picture.width(); ++x) picture.setPixel(x, y, qRgb(x * 7 % 256, y * 5 % 256, x + y + 1));
+        for (int x = 0; x < picture.width(); ++x)
+            picture.setPixel(x, y, qRgb(x * 7 % 256, y * 5 % 256, x + y + 1));
     s.SetBackgroundPicture(picture);
 }
 
@@ -434,8 +435,9 @@ TEST(PlotSurfaceTest, ClearBringsBackThePictureAndTheOrigin) {
     EXPECT_FLOAT_EQ(s.CurrentX(), 0.0f);
 
     // A one-pixel GIF whose palette entry 0 is red: LZW codes clear, 0, end.
-    const QByteArray gif = QByteArray::fromHex("47494638396101000100800000ff000000000021f90400000000002c000000000100"
-                                               "01000002024401003b");
+    const QByteArray gif =
+        QByteArray::fromHex("47494638396101000100800000ff000000000021f90400000000002c000000000100"
+                            "01000002024401003b");
     QFile gifFile(dir.filePath("back.gif"));
     ASSERT_TRUE(gifFile.open(QIODevice::WriteOnly));
     gifFile.write(gif);
@@ -555,9 +557,15 @@ TEST(PlotWidgetTest, MouseIsReportedInTheSurfaceCoordinatesOfTheMoment) {
         float x, y;
     };
     std::vector<Event> events;
-    QObject::connect(&widget, &PlotWidget::mouseDown, [&](int b, float x, float y) { events.push_back({'d', b, x, y}); });
-    QObject::connect(&widget, &PlotWidget::mouseMove, [&](int b, float x, float y) { events.push_back({'m', b, x, y}); });
-    QObject::connect(&widget, &PlotWidget::mouseUp, [&](int b, float x, float y) { events.push_back({'u', b, x, y}); });
+    QObject::connect(&widget, &PlotWidget::mouseDown, [&](int b, float x, float y) {
+        events.push_back({'d', b, x, y});
+    });
+    QObject::connect(&widget, &PlotWidget::mouseMove, [&](int b, float x, float y) {
+        events.push_back({'m', b, x, y});
+    });
+    QObject::connect(&widget, &PlotWidget::mouseUp, [&](int b, float x, float y) {
+        events.push_back({'u', b, x, y});
+    });
     widget.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget));
 
@@ -664,7 +672,8 @@ TEST_F(PagePrinterTest, TabStopsCountAverageCharacterWidths) {
     // An independent measure of the same font on the same printer.
     QFont font("DejaVu Sans");
     font.setPointSizeF(10);
-    EXPECT_NEAR(avg, QFontMetricsF(font, &page.Printer()).averageCharWidth() / page.Printer().resolution(), 1e-9);
+    EXPECT_NEAR(avg, QFontMetricsF(font, &page.Printer()).averageCharWidth() / page.Printer().resolution(),
+                1e-9);
     EXPECT_GT(avg, 0.04);
     EXPECT_LT(avg, 0.12);
 
