@@ -10,17 +10,18 @@ namespace tarvelle {
 namespace {
 
 // The spherical step shared by both directions of the conversion: from a first angle p and a
-// second angle q (radians) at latitude L, the angle r and the angle m.
-void SphericalKernel(double p, double q, double L, double& r, double& m) {
+// second angle q (radians) at a latitude given by its sine and cosine, the angle r and the
+// angle m.
+void SphericalKernel(double p, double q, double sinL, double cosL, double& r, double& m) {
     const double sinP = std::sin(p), cosP = std::cos(p), sinQ = std::sin(q), cosQ = std::cos(q);
-    const double w = sinP * std::sin(L) + cosP * std::cos(L) * cosQ;
+    const double w = sinP * sinL + cosP * cosL * cosQ;
     if (w == 1.0)
         r = 1.570796327;
     else
         r = ArcSin(w);
-    double c = std::cos(L) * std::cos(r);
+    double c = cosL * std::cos(r);
     if (c < 1e-20) c = 1e-20; // keeps the poles and the zenith finite
-    const double k = (sinP - std::sin(L) * w) / c;
+    const double k = (sinP - sinL * w) / c;
     m = ArcCos(k);
     if (sinQ > 0.0) m = 6.283185308 - m;
 }
@@ -44,25 +45,35 @@ void RiseSetOf(double ra, double dec, float lst0, float latitude, double& rise, 
 
 } // namespace
 
+namespace {
+
+void EquatorialToHorizontal(double sinL, double cosL, double lst, double ra, double dec, double& alt, double& az) {
+    double H = lst - ra;
+    while (H < 0.0) H += 24.0;
+    double r = 0.0, m = 0.0;
+    SphericalKernel(dec * kDegToRad, H * 15.0 * kDegToRad, sinL, cosL, r, m);
+    az = m * kRadToDeg;
+    while (az > 360.0) az -= 360.0;
+    alt = r * kRadToDeg;
+}
+
+} // namespace
+
 void ConvertEquatorialHorizontal(double lat, double /*lng*/, double lst, double& ra, double& dec, double& alt,
                                  double& az, bool toEquatorial) {
     const double L = lat * kDegToRad;
-    double r = 0.0, m = 0.0;
+    const double sinL = std::sin(L), cosL = std::cos(L);
     if (!toEquatorial) {
-        double H = lst - ra;
-        while (H < 0.0) H += 24.0;
-        SphericalKernel(dec * kDegToRad, H * 15.0 * kDegToRad, L, r, m);
-        az = m * kRadToDeg;
-        while (az > 360.0) az -= 360.0;
-        alt = r * kRadToDeg;
-    } else {
-        SphericalKernel(alt * kDegToRad, az * kDegToRad, L, r, m);
-        const double H = m * kRadToDeg / 15.0;
-        dec = r * kRadToDeg;
-        ra = lst - H;
-        while (ra < 0.0) ra += 24.0;
-        while (ra > 24.0) ra -= 24.0;
+        EquatorialToHorizontal(sinL, cosL, lst, ra, dec, alt, az);
+        return;
     }
+    double r = 0.0, m = 0.0;
+    SphericalKernel(alt * kDegToRad, az * kDegToRad, sinL, cosL, r, m);
+    const double H = m * kRadToDeg / 15.0;
+    dec = r * kRadToDeg;
+    ra = lst - H;
+    while (ra < 0.0) ra += 24.0;
+    while (ra > 24.0) ra -= 24.0;
 }
 
 void AngularSeparation(double ra1, double dec1, double ra2, double dec2, double& out) {
@@ -77,9 +88,10 @@ void AngularSeparation(double ra1, double dec1, double ra2, double dec2, double&
 }
 
 void Core::UpdateHorizonCoords() {
-    const double lat = ObsLatitude, lng = ObsLongitude, lst = LST;
-    ConvertEquatorialHorizontal(lat, lng, lst, JupRA, JupDec, JupAlt, JupAz, false);
-    ConvertEquatorialHorizontal(lat, lng, lst, SunRA, SunDec, SunAlt, SunAz, false);
+    const double L = static_cast<double>(ObsLatitude) * kDegToRad;
+    const double sinL = std::sin(L), cosL = std::cos(L), lst = LST;
+    EquatorialToHorizontal(sinL, cosL, lst, JupRA, JupDec, JupAlt, JupAz);
+    EquatorialToHorizontal(sinL, cosL, lst, SunRA, SunDec, SunAlt, SunAz);
 }
 
 // Times of day in GMT from sidereal differences, for the positions of this instant.
@@ -99,7 +111,8 @@ void Core::BuildDayTables(double t) {
     CurrentUT = std::floor(t);
     double u = CurrentUT;
     UpdateSiderealTime();
-    const double lat = ObsLatitude, lng = ObsLongitude;
+    const double L = static_cast<double>(ObsLatitude) * kDegToRad;
+    const double sinL = std::sin(L), cosL = std::cos(L);
     for (int k = 0; k < kDayTableSize; ++k) {
         UpdateSunJupiterPositions();
         UpdateCMLIII(u);
@@ -107,11 +120,11 @@ void Core::BuildDayTables(double t) {
         JupHA = static_cast<float>(static_cast<double>(LST) - JupRA);
         if (JupHA > 12.0f) JupHA = static_cast<float>(static_cast<double>(JupHA) - 24.0);
         if (JupHA < -12.0f) JupHA = static_cast<float>(static_cast<double>(JupHA) + 24.0);
-        ConvertEquatorialHorizontal(lat, lng, LST, JupRA, JupDec, JupAlt, JupAz, false);
+        EquatorialToHorizontal(sinL, cosL, LST, JupRA, JupDec, JupAlt, JupAz);
         SunHA = static_cast<float>(static_cast<double>(LST) - SunRA);
         if (SunHA < -12.0f) SunHA = static_cast<float>(static_cast<double>(SunHA) + 24.0);
         if (SunHA > 12.0f) SunHA = static_cast<float>(static_cast<double>(SunHA) - 24.0);
-        ConvertEquatorialHorizontal(lat, lng, LST, SunRA, SunDec, SunAlt, SunAz, false);
+        EquatorialToHorizontal(sinL, cosL, LST, SunRA, SunDec, SunAlt, SunAz);
 
         const auto i = static_cast<size_t>(k);
         Day.DayMinuteTime[i] = u;

@@ -16,6 +16,7 @@
 #include <QTimer>
 
 #include <array>
+#include <cmath>
 #include <set>
 
 namespace tarvelle {
@@ -297,6 +298,23 @@ TEST(PlotSurfaceTest, CopyBlockIsClippedAtEveryEdge) {
     src.CopyBlock(1, 0, 9, 10, src, 0, 0, RasterMode::Copy);
     EXPECT_EQ(src.Pixel(1, 5), src.Pixel(0, 5));
     EXPECT_EQ(src.Pixel(9, 5), FromQRgb(qRgb(8 * 7, 25, 14)));
+}
+
+TEST(PlotSurfaceTest, ExtremeCoordinatesAreClippedNotWalked) {
+    PlotSurface s(30, 20, 0);
+    s.SetScale(0.0f, 0.0f, 1.0f, 1.0f);
+    s.DrawCircle(0.5f, 0.5f, 1e30f, 0xFFFFFF); // the outline lies far outside
+    s.DrawLine(std::nanf(""), 0.0f, 1.0f, 1.0f, 0xFFFFFF);
+    s.DrawBox(-1e30f, -1e30f, 1e30f, 1e30f, 0xFFFFFF);
+    s.CopyBlock(2147483640, 0, 100, 100, s, 0, 0, RasterMode::Copy);
+    s.CopyBlock(0, 0, 2147483647, 2147483647, s, -2147483647, 0, RasterMode::Copy);
+    EXPECT_EQ(CountNot(s, 0), 0);
+    s.SetFillStyle(FillStyle::Solid);
+    s.SetFillColour(0xFF);
+    s.DrawCircle(0.5f, 0.5f, 1e30f, 0xFFFFFF);
+    EXPECT_EQ(CountNot(s, 0xFF), 0);
+    s.FillBox(-1e30f, -1e30f, 1e30f, 1e30f, 0xFF00);
+    EXPECT_EQ(CountNot(s, 0xFF00), 0);
 }
 
 TEST(PictureStoreTest, SpritesShareOneDiscOf224Pixels) {
