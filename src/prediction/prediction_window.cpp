@@ -2,6 +2,7 @@
 
 #include "date_value.h"
 #include "event_report.h"
+#include "image_camera.h"
 #include "numeric.h"
 #include "page_printer.h"
 #include "plot_surface.h"
@@ -166,6 +167,8 @@ void Form3::BuildControls() {
     dateRow->setColumnStretch(5, 1);
 
     auto* chart = new QGridLayout;
+    ImageCamera = new class ImageCamera(&Picture1->Surface(), this);
+    chart->addWidget(ImageCamera, 3, 0, Qt::AlignLeft);
     chart->addWidget(label(nullptr, "GMT"), 0, 0, Qt::AlignTop);
     chart->addWidget(Picture1, 0, 1, 2, 1);
     chart->addWidget(label(nullptr, "LOCAL"), 1, 0, Qt::AlignBottom);

@@ -62,6 +62,7 @@ public:
     QList<QLabel*> LBLMode; // the legend, one label a mode
     PlotWidget* Picture1 = nullptr;
     PlotWidget* PicSunAlt = nullptr;
+    class ImageCamera* ImageCamera = nullptr; // copies the chart to the clipboard
     QTableWidget* Grid1 = nullptr;
 
 protected:

@@ -1,6 +1,7 @@
 // Form3 and its report driven through named controls, and the main window's side of the
 // prediction: the prediction command and the activity line.
 #include "event_report.h"
+#include "image_camera.h"
 #include "main_window.h"
 #include "mode_file.h"
 #include "plot_surface.h"
@@ -14,6 +15,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -122,6 +126,15 @@ TEST_F(Form3Test, ChartColoursBelowTheHorizonAndModeBars) {
     // The GMT band on top is green and the local band at the bottom grey.
     EXPECT_EQ(ChartPixel(30.5, 0.02), QBColor(2));
     EXPECT_EQ(ChartPixel(30.5, 9.45), QBColor(8));
+}
+
+TEST_F(Form3Test, TheCameraCopiesTheChart) {
+    QGuiApplication::clipboard()->clear();
+    form->ImageCamera->Click();
+    const QImage copied = QGuiApplication::clipboard()->image();
+    ASSERT_FALSE(copied.isNull());
+    EXPECT_EQ(copied.size(), form->Picture1->Surface().Image().size());
+    EXPECT_FALSE(form->ImageCamera->HasBorder()); // the flash is over
 }
 
 TEST_F(Form3Test, NextPreviousAndTheDateChecks) {
