@@ -9,11 +9,13 @@
 #include "numeric.h"
 #include "observer_record.h"
 #include "prediction.h"
+#include "prob_table.h"
 #include "program_directory.h"
 #include "readout.h"
 #include "text_forms.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <map>
 #include <memory>
@@ -37,6 +39,7 @@ constexpr const char* kUsage =
     "       tarvelle-cli report --from YYYY-MM-DD --to YYYY-MM-DD --out FILE [--modes FILE]\n"
     "                    [--min-duration N] [--no-header] [--io-only] [--no-none] [--hour-angle]\n"
     "                    [--date-format 0|1|2] [exclusions] [observer]\n"
+    "       tarvelle-cli probability --io DEGREES --cml DEGREES | --dump\n"
     "exclusions: --jup-alt-min X --sun-alt-max Y --min-ha H --max-ha H (texts as typed; defaults 0 0 -6 6)\n"
     "modes: default UFMODES.JMF of the program directory, else of the bundled data\n"
     "observer: --observer FILE, or --lat TEXT --lng TEXT --tz HOURS (longitude west);\n"
@@ -59,7 +62,8 @@ constexpr const char* kVersionText = "3.8.2";
 using Options = std::map<std::string, std::string>;
 
 // Options that stand alone, without a value.
-const std::set<std::string> kFlags = {"--tables", "--no-header", "--io-only", "--no-none", "--hour-angle"};
+const std::set<std::string> kFlags = {"--tables",  "--no-header",  "--io-only",
+                                      "--no-none", "--hour-angle", "--dump"};
 
 Options ParseOptions(const std::vector<std::string>& args, size_t from) {
     Options options;
@@ -328,6 +332,46 @@ int Report(const Options& options) {
     return 0;
 }
 
+// A whole number of the table as plain digits.
+std::string Percent(double v) {
+    return std::to_string(static_cast<long>(v));
+}
+
+// An angle option of `probability`: a plain number from 0 to 360.
+double AngleOption(const Options& options, const char* key) {
+    if (!options.count(key)) throw UsageError(std::string("--") + key + " is required");
+    const std::string& text = options.at(key);
+    char* end = nullptr;
+    const double value = std::strtod(text.c_str(), &end);
+    if (text.empty() || *end != '\0' || !(value >= 0.0 && value <= 360.0))
+        throw UsageError(std::string("--") + key + " '" + text + "' is not a number from 0 to 360");
+    return value;
+}
+
+// The emission probability at an Io phase and CML, or with --dump the whole table.
+int Probability(const Options& options, std::ostream& out) {
+    RequireOnly(options, {"io", "cml", "dump"});
+    const bool dump = options.count("dump") > 0;
+    if (dump && (options.count("io") || options.count("cml"))) throw UsageError("--dump stands alone");
+    double io = 0.0, cml = 0.0;
+    if (!dump) {
+        io = AngleOption(options, "io");
+        cml = AngleOption(options, "cml");
+    }
+    ProbabilityTable table;
+    std::string failure;
+    if (!LoadProbTable(table, failure)) throw UsageError("Error Loading Probability" + failure);
+    if (!dump) {
+        out << Percent(ProbabilityAt(table, io, cml)) << '\n';
+        return 0;
+    }
+    for (const auto& row : table) {
+        for (size_t c = 0; c < row.size(); ++c) out << (c > 0 ? "," : "") << Percent(row[c]);
+        out << '\n';
+    }
+    return 0;
+}
+
 } // namespace
 
 int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
@@ -342,6 +386,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
         if (args[0] == "readout") return Readout(options, out);
         if (args[0] == "predict") return Predict(options, out);
         if (args[0] == "report") return Report(options);
+        if (args[0] == "probability") return Probability(options, out);
         throw UsageError("unknown command '" + args[0] + "'");
     } catch (const UsageError& e) {
         err << "tarvelle-cli: " << e.what() << '\n';

@@ -41,4 +41,8 @@ struct ActivityState {
     int ActivityDayOfMonth = 0;
 };
 
+// The emission probability in whole percent by Io phase (first index) and CML (second), both
+// whole degrees 0 to 360; row 0 and column 0 stay 0.
+using ProbabilityTable = std::vector<std::array<double, 361>>;
+
 } // namespace tarvelle

@@ -2,6 +2,7 @@
 
 #include "about_window.h"
 #include "calendar_window.h"
+#include "cmio_plane_window.h"
 #include "date_format_window.h"
 #include "date_value.h"
 #include "help_commands.h"
@@ -10,6 +11,7 @@
 #include "picture_store.h"
 #include "prediction.h"
 #include "prediction_window.h"
+#include "prob_table.h"
 #include "numeric.h"
 #include "observer_file.h"
 #include "observer_window.h"
@@ -184,7 +186,7 @@ void Form1::BuildMenus() {
     MnuPrediction = AddAction(display, "MnuPrediction", "&Predict");
     AddAction(display, "MnuEphemeris", "&Ephemeris");
     AddAction(display, "MnuSkyMap", "S&ky Map");
-    AddAction(display, "MnuCMIOPlaneMap", "&CM Io Plane Map");
+    MnuCMIOPlaneMap = AddAction(display, "MnuCMIOPlaneMap", "&CM Io Plane Map");
     AddAction(display, "MnuAltAzDisplay", "&Alt/Az Display");
     AddAction(display, "mnuYearlyRiseSet", "&Yearly Visibility");
     AddAction(display, "MnuDe", "&D sub e");
@@ -206,7 +208,7 @@ void Form1::BuildMenus() {
     QMenu* window = menu("MnuWindow", "&Window");
     MnuWindowPredict = AddAction(window, "MnuWindowPredict", "&Predict");
     AddAction(window, "MnuWindowEphemeris", "&Ephemeris");
-    AddAction(window, "MnuWindowCMIOPlane", "&CM-Io Plane");
+    MnuWindowCMIOPlane = AddAction(window, "MnuWindowCMIOPlane", "&CM-Io Plane");
     AddAction(window, "MnuWindowSkyMap", "&Sky Map");
     AddAction(window, "MnuWindowAltazDisplay", "&Alt/Az Display");
 
@@ -563,6 +565,10 @@ void Form1::ConnectCommands() {
                        MnuEditModeFile})
         a->setEnabled(true);
     CmdPredict->setEnabled(true);
+    MnuCMIOPlaneMap->setEnabled(true);
+    cmdCMLiOPlane->setEnabled(true);
+    connect(MnuCMIOPlaneMap, &QAction::triggered, this, &Form1::MnuCMIOPlaneMapClick);
+    connect(cmdCMLiOPlane, &QToolButton::clicked, this, &Form1::MnuCMIOPlaneMapClick);
     connect(MnuPrediction, &QAction::triggered, this, &Form1::MnuPredictionClick);
     connect(CmdPredict, &QToolButton::clicked, this, &Form1::MnuPredictionClick);
     connect(MnuLoadModeFile, &QAction::triggered, this, [this] { MnuLoadModeFileClick(st_); });
@@ -818,6 +824,31 @@ void Form1::MnuPredictionClick() {
     form3->setAttribute(Qt::WA_DeleteOnClose);
     RegisterViewWindow(form3, MnuPrediction, MnuWindowPredict);
     form3->show();
+}
+
+void Form1::LoadProbTable() {
+    std::string failure;
+    if (!tarvelle::LoadProbTable(st_.ProbTable, failure))
+        st_.dialogs.Message("Error Loading Probability" + Q(failure));
+}
+
+void Form1::MnuCMIOPlaneMapClick() {
+    if (auto* open = findChild<FormCMIoPlane*>(); open && open->isVisible()) {
+        open->raise();
+        open->activateWindow();
+        return;
+    }
+    LoadPictureStore();
+    auto* plane = new FormCMIoPlane(
+        st_, *form8_, [this] { timer1_->start(); },
+        [this] {
+            MnuCMIOPlaneMap->setChecked(false);
+            MnuWindowCMIOPlane->setEnabled(false);
+        },
+        this);
+    plane->setAttribute(Qt::WA_DeleteOnClose);
+    RegisterViewWindow(plane, MnuCMIOPlaneMap, MnuWindowCMIOPlane);
+    plane->show();
 }
 
 } // namespace tarvelle

@@ -65,6 +65,7 @@ public:
     void CheckForActivity(bool& found, std::string& names);
     void VisualAlert();
     void MnuPredictionClick();
+    void MnuCMIOPlaneMapClick();
     // Closes every window but this one, the picture store and the observer window.
     void CloseForms();
     // A view window opened from the display menu: checks its menu item and enables its entry in
@@ -95,7 +96,7 @@ private:
 
     // Start-up and tick steps that belong to subsystems not in this build yet; each is the
     // call it will be, in its place, and does nothing until its subsystem lands.
-    void LoadProbTable() {}
+    void LoadProbTable();
     void LoadPictureStore();
     void LoadModeFile();
     void LoadAutomationParameters() {}
@@ -138,6 +139,7 @@ public:
     QAction *mnuCalendar = nullptr, *mnuDateFormat = nullptr, *mnuObserver = nullptr;
     QAction *mnuHTMLHelp = nullptr, *mnuOnLineHelp = nullptr, *mnuAbout = nullptr;
     QAction *MnuPrediction = nullptr, *MnuWindowPredict = nullptr;
+    QAction *MnuCMIOPlaneMap = nullptr, *MnuWindowCMIOPlane = nullptr;
     QAction *MnuLoadModeFile = nullptr, *MnuSaveModeFile = nullptr, *MnuEditModeFile = nullptr;
     QLabel* PicJupIcon = nullptr; // shown while a mode is active
     class Form8* PictureStore() const { return form8_; }

@@ -38,6 +38,7 @@ struct Station {
     ModeTableState modes;
     MinuteTables minutes;
     ActivityState activity;
+    ProbabilityTable ProbTable; // filled once at start-up
     AutomationLimits automation;
     ServerSchedule server;
 

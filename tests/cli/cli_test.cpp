@@ -9,8 +9,10 @@
 
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
+#include <tuple>
 
 using namespace tarvelle;
 
@@ -268,4 +270,52 @@ TEST_F(CliPrediction, RefusalsExitTwo) {
     EXPECT_EQ(missing.status, 2);
     EXPECT_NE(missing.err.find("/nonexistent/m.jmf"), std::string::npos);
     EXPECT_FALSE(QFile::exists(QString::fromStdString(out)));
+}
+
+TEST(CliProbability, ValueAtWholeDegrees) {
+    for (const auto& [io, cml, expected] : std::vector<std::tuple<const char*, const char*, const char*>>{
+             {"90", "136", "100\n"},
+             {"90.4", "135.6", "100\n"},
+             {"240", "240", "78\n"},
+             {"12", "359", "0\n"},
+             {"0", "200", "0\n"},
+         }) {
+        const Result r = RunArgs({"probability", "--io", io, "--cml", cml});
+        EXPECT_EQ(r.status, 0) << r.err;
+        EXPECT_EQ(r.out, expected) << io << " " << cml;
+    }
+}
+
+TEST(CliProbability, DumpIsTheWholeTable) {
+    const Result r = RunArgs({"probability", "--dump"});
+    ASSERT_EQ(r.status, 0) << r.err;
+    const auto lines = Lines(r.out);
+    ASSERT_EQ(lines.size(), 361u);
+    for (const auto& line : lines) ASSERT_EQ(Fields(line, ',').size(), 361u) << line.substr(0, 40);
+    std::string zeros = "0";
+    for (int c = 1; c <= 360; ++c) zeros += ",0";
+    EXPECT_EQ(lines[0], zeros);
+    EXPECT_EQ(lines[1].rfind("0,8,8,8,", 0), 0u);
+    EXPECT_EQ(Fields(lines[90], ',')[136], "100");
+    EXPECT_EQ(Fields(lines[360], ',')[270], "16");
+    EXPECT_EQ(Fields(lines[12], ',')[359], "0");
+    EXPECT_EQ(Fields(lines[12], ',')[360], "8");
+}
+
+TEST(CliProbability, BadArgumentsExitTwoWithOneLine) {
+    for (const auto& args : std::vector<std::vector<std::string>>{
+             {"probability"},
+             {"probability", "--io", "90"},
+             {"probability", "--io", "361", "--cml", "10"},
+             {"probability", "--io", "10", "--cml", "-1"},
+             {"probability", "--io", "ten", "--cml", "10"},
+             {"probability", "--io", "10", "--cml", "10x"},
+             {"probability", "--dump", "--io", "10"},
+             {"probability", "--io", "10", "--cml", "10", "--lat", "0"},
+         }) {
+        const Result r = RunArgs(args);
+        EXPECT_EQ(r.status, 2) << args.size();
+        EXPECT_TRUE(r.out.empty());
+        EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << r.err;
+    }
 }

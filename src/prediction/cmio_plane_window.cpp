@@ -1,0 +1,356 @@
+#include "cmio_plane_window.h"
+
+#include "date_value.h"
+#include "image_camera.h"
+#include "numeric.h"
+#include "picture_store.h"
+#include "prob_table.h"
+#include "text_forms.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPixmap>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+namespace tarvelle {
+
+namespace {
+
+constexpr int kPlaneSize = 360;
+constexpr int kWhite = 0xFFFFFF;
+constexpr double kMinuteStep = 0.000694444; // day tables step, as the pointer counts it
+
+QString Q(const std::string& s) { return QString::fromStdString(s); }
+
+// A CML moved by the shift and brought into 0..360.
+double Shifted(double cml, int shift) {
+    double x = cml - shift;
+    if (x < 0.0) x = 360.0 - std::fabs(x);
+    if (x >= 360.0) x -= 360.0;
+    return x;
+}
+
+} // namespace
+
+FormCMIoPlane::FormCMIoPlane(Station& station, Form8& pictures, std::function<void()> startMainTimer,
+                             std::function<void()> onClosed, QWidget* parent)
+    : QWidget(parent, Qt::Window), st_(station), core_(station.core), pictures_(pictures),
+      startMainTimer_(std::move(startMainTimer)), onClosed_(std::move(onClosed)) {
+    setObjectName("FormCMIoPlane");
+    setMouseTracking(true);
+    BuildControls();
+
+    // Opening: the four choices from the settings, then the picture, the track and the marker.
+    auto stored = [this](const char* key) { return StoredBool(st_.settings.get("CMLIoPlane", key, "1").toStdString()); };
+    for (auto [box, key] : {std::pair{chkShift45, "Shift45"}, std::pair{chkShowZones, "ShowZones"},
+                            std::pair{ChkShowScale, "ShowScale"}, std::pair{chkShowLegend, "ShowLegend"}}) {
+        box->blockSignals(true);
+        box->setChecked(stored(key));
+        box->blockSignals(false);
+    }
+    PlaneShift = chkShift45->isChecked() ? 45 : 0;
+    Image1->setVisible(chkShowLegend->isChecked());
+    GetPointer();
+    DoCaption();
+    CreateBackground();
+    PlotDay();
+    PlotJup();
+    PlaneDay = static_cast<int16_t>(FieldsOf(core_.CurrentUT).day);
+    if (core_.RealTimeMode) Timer1->start();
+}
+
+void FormCMIoPlane::BuildControls() {
+    Pic1 = new PlotWidget(kPlaneSize, kPlaneSize, this);
+    Pic1->setObjectName("Pic1");
+    Pic1->Surface().SetBackColour(RGB(0, 0, 64));
+    Image1 = new QLabel(this);
+    Image1->setObjectName("Image1");
+    const QString legend = st_.programDir + "pp-legend.bmp";
+    if (QFileInfo::exists(legend)) Image1->setPixmap(QPixmap(legend));
+    auto check = [this](const char* name, const char* caption) {
+        auto* box = new QCheckBox(caption, this);
+        box->setObjectName(name);
+        return box;
+    };
+    chkShift45 = check("chkShift45", "Shift Display 45 deg.");
+    chkShowZones = check("chkShowZones", "Show Zones");
+    ChkShowScale = check("ChkShowScale", "ShowScale");
+    ChkShowScale->setToolTip("Show scale markings on the perimeter of chart.");
+    chkShowLegend = check("chkShowLegend", "Show Legend");
+    cmdProbHelp = new QPushButton("?", this);
+    cmdProbHelp->setObjectName("cmdProbHelp");
+    cmdProbHelp->setToolTip("About CML, Io phase and this plane");
+    cmdProbHelp->setFixedWidth(28);
+    ImageCamera = new class ImageCamera(&Pic1->Surface(), this);
+    auto label = [this](const char* name, const char* text) {
+        auto* l = new QLabel(text, this);
+        if (name) l->setObjectName(name);
+        return l;
+    };
+    LBLCML = label("LBLCML", "CML: ");
+    LBLioPhase = label("LBLioPhase", "Io Phase: ");
+    LBLProb = label("LBLProb", "Prob: ");
+    LBLTime = label("LBLTime", "");
+    LBLDate = label("LBLDate", "");
+    LBLDateFormat = label("LBLDateFormat", "");
+    LBLNote = label("LBLNote", "");
+    LBLNote->setWordWrap(true);
+    LBLNote->hide();
+    Timer1 = new QTimer(this);
+    Timer1->setObjectName("Timer1");
+    Timer1->setInterval(6000);
+
+    auto* axis = label(nullptr, "Io Phase Axis");
+    auto* plane = new QGridLayout;
+    plane->addWidget(axis, 0, 0, Qt::AlignVCenter);
+    plane->addWidget(Pic1, 0, 1);
+    plane->addWidget(Image1, 0, 2, Qt::AlignTop);
+    plane->addWidget(label(nullptr, "System III Central Meridian Longitude"), 1, 1, Qt::AlignHCenter);
+
+    auto* side = new QVBoxLayout;
+    side->addWidget(LBLDateFormat);
+    side->addWidget(LBLDate);
+    side->addWidget(LBLTime);
+    side->addSpacing(8);
+    side->addWidget(label(nullptr, "Last Plotted..."));
+    for (QLabel* l : {LBLCML, LBLioPhase, LBLProb}) side->addWidget(l);
+    side->addSpacing(8);
+    for (QCheckBox* box : {chkShift45, chkShowZones, ChkShowScale, chkShowLegend}) side->addWidget(box);
+    side->addWidget(LBLNote);
+    side->addStretch(1);
+    auto* tools = new QHBoxLayout;
+    tools->addWidget(ImageCamera);
+    tools->addWidget(cmdProbHelp);
+    tools->addStretch(1);
+    side->addLayout(tools);
+
+    auto* layout = new QHBoxLayout(this);
+    layout->addLayout(plane);
+    layout->addLayout(side);
+
+    connect(Timer1, &QTimer::timeout, this, [this] {
+        if (core_.RealTimeMode) UpdateCMIoPlane();
+    });
+    auto store = [this](const char* key, bool on) { st_.settings.save("CMLIoPlane", key, on ? "1" : "0"); };
+    connect(chkShift45, &QCheckBox::toggled, this, [this, store](bool on) {
+        store("Shift45", on);
+        PlaneShift = on ? 45 : 0;
+        Redraw();
+    });
+    connect(chkShowZones, &QCheckBox::toggled, this, [this, store](bool on) {
+        store("ShowZones", on);
+        Redraw();
+    });
+    connect(ChkShowScale, &QCheckBox::toggled, this, [this, store](bool on) {
+        store("ShowScale", on);
+        Redraw();
+    });
+    connect(chkShowLegend, &QCheckBox::toggled, this, [this, store](bool on) {
+        store("ShowLegend", on);
+        Image1->setVisible(on);
+        Redraw();
+    });
+    connect(cmdProbHelp, &QPushButton::clicked, this,
+            [this] { st_.desktop.OpenDocument(st_.programDir + "about_cml.htm"); });
+    connect(Pic1, &PlotWidget::mouseMove, this, [this](int, float x, float y) { Pic1MouseMove(x, y); });
+}
+
+void FormCMIoPlane::Redraw() {
+    CreateBackground();
+    PlotDay();
+    PlotJup();
+}
+
+QString FormCMIoPlane::PictureFileName() const {
+    const bool legend = chkShowLegend->isChecked(), zones = chkShowZones->isChecked();
+    if (chkShift45->isChecked()) {
+        if (legend) return zones ? "pp45-with-scale-and-zones-360.bmp" : "pp45-scale-360.bmp";
+        return zones ? "pp45-with-zones-360.bmp" : "pp45-360.bmp";
+    }
+    if (legend) return zones ? "pp-with-scale-and-zones-360.bmp" : "pp-with-scale-360.bmp";
+    return zones ? "pp-with-zones-360.bmp" : "pp-360.bmp";
+}
+
+void FormCMIoPlane::CreateBackground() {
+    JupiterSprite.onPlot = false;
+    PlotSurface& s = Pic1->Surface();
+    s.SetScale(0, 360, 360, 0);
+    const QString file = PictureFileName();
+    QString error;
+    if (s.LoadBackground(st_.programDir + file, &error)) {
+        LBLNote->hide();
+    } else {
+        // Without its picture the plane is still drawn, on a plain background, and says why.
+        s.RemoveBackgroundPicture();
+        s.Clear();
+        s.SetPenColour(kWhite);
+        s.SetFontSize(9);
+        s.SetCurrentPoint(10, 350);
+        s.PrintText("Picture " + file + " was not found");
+        s.SetCurrentPoint(10, 335);
+        s.PrintText("in " + st_.programDir);
+        LBLNote->setText("The probability picture " + file + " is missing from the program directory.");
+        LBLNote->show();
+    }
+    if (!ChkShowScale->isChecked()) return;
+    s.SetLineWidth(1);
+    const float half = s.FontSize() / 2;
+    for (int i = 45; i <= 315; i += 45) {
+        double x = i - PlaneShift;
+        if (x > 360) x -= 360;
+        if (x < 0) x += 360;
+        const auto fi = static_cast<float>(i), fx = static_cast<float>(x);
+        const QString text = " " + QString::number(i);
+        s.DrawLine(0, fi, 10, fi, kWhite);
+        s.DrawPoint(12, fi + half, 0);
+        s.SetPenColour(kWhite);
+        s.PrintText(text);
+        s.DrawLine(360, fi, 350, fi, kWhite);
+        s.DrawLine(fx, 0, fx, 10, kWhite);
+        s.DrawPoint(fx - s.FontSize() * static_cast<float>(text.size()) / 2, 20, 0);
+        s.PrintText(text);
+        s.DrawLine(fx, 360, fx, 350, kWhite);
+    }
+}
+
+QString FormCMIoPlane::HourText(double hours) const {
+    double h = hours;
+    if (!core_.UseGMT) h += core_.ObsTZ;
+    if (h > 24) h -= 24;
+    if (h < 0) h += 24;
+    if (h == 24) h = 0;
+    return Q(Trim(StrForm(h)));
+}
+
+void FormCMIoPlane::PlotDay() {
+    const bool running = Timer1->isActive();
+    Timer1->stop();
+    CreateBackground();
+    PlotSurface& s = Pic1->Surface();
+    const DayTables& d = core_.Day;
+    s.SetLineWidth(2);
+    s.SetPenColour(kWhite);
+    s.DrawPoint(static_cast<float>(Shifted(d.DayCML[0], PlaneShift)), d.DayIoPhase[0], QBColor(7));
+    s.PrintText(HourText(0));
+    const double endOfDay = core_.UseGMT ? 1440.0 : 1440.0 - core_.ObsTZ * 60.0;
+    for (size_t k = 20; k <= 1800; k += 20) {
+        s.SetLineWidth(3);
+        const auto x1 = static_cast<float>(Shifted(d.DayCML[k], PlaneShift));
+        const auto x0 = static_cast<float>(Shifted(d.DayCML[k - 20], PlaneShift));
+        s.DrawPoint(x1, d.DayIoPhase[k], QBColor(7));
+        // A step that wraps in either coordinate draws no line, only its point.
+        if (x1 > x0 && d.DayIoPhase[k] > d.DayIoPhase[k - 20]) {
+            const int colour = d.DayJupAlt[k] < 0 ? QBColor(11) : kWhite;
+            s.SetLineWidth(1);
+            s.SetLineStyle(static_cast<double>(k) > endOfDay ? LineStyle::Dotted : LineStyle::Solid);
+            s.DrawLine(x0, d.DayIoPhase[k - 20], x1, d.DayIoPhase[k], colour);
+            s.SetLineStyle(LineStyle::Solid);
+        }
+        if (k % 60 == 0) {
+            s.SetPenColour(kWhite);
+            s.PrintText(HourText(static_cast<double>(k / 60)));
+        }
+    }
+    s.Refresh();
+    if (running) Timer1->start();
+}
+
+void FormCMIoPlane::GetPointer() {
+    const int day = FieldsOf(core_.CurrentUT).day;
+    if (day != PlaneDay) {
+        PlaneDay = static_cast<int16_t>(day);
+        PlotDay();
+    }
+    const double t = core_.RealTimeMode ? core_.GMTFromClock(st_.clock.LocalNow()) : st_.fixed.FixedUT - core_.ObsTZ / 24.0;
+    DayPointer = static_cast<int16_t>(RoundHalfEven((t - std::floor(t)) / kMinuteStep));
+}
+
+void FormCMIoPlane::PlotJup() {
+    const bool running = Timer1->isActive();
+    Timer1->stop();
+    if (core_.RealTimeMode) {
+        const auto k = static_cast<size_t>(std::clamp<int>(DayPointer, 0, kDayTableSize - 1));
+        PlotCML = core_.Day.DayCML[k];
+        PlotIo = core_.Day.DayIoPhase[k];
+    } else {
+        PlotCML = st_.fixed.FixedCML;
+        PlotIo = st_.fixed.FixedIoPhase;
+    }
+    LBLCML->setText("CML: " + Q(FormatNumberMask(PlotCML, "###.#")));
+    LBLioPhase->setText("Io Phase: " + Q(FormatNumberMask(PlotIo, "###.#")));
+    PlotSurface& s = Pic1->Surface();
+    s.SetPixelScale();
+    const PlotSurface& sprite = pictures_.PicJup;
+    const double W = s.PixelWidth(), H = s.PixelHeight();
+    const double w = sprite.PixelWidth(), h = sprite.PixelHeight();
+    double left = RoundHalfEven(static_cast<double>(PlotCML) * W / 360.0 - w / 2.0 - PlaneShift);
+    if (left > 360) left -= 360;
+    if (left < 0) left += 360;
+    const double top = RoundHalfEven(H - static_cast<double>(PlotIo) * H / 360.0 - h / 2.0);
+    MoveSprite(s, sprite, pictures_.PicMask, pictures_.PicBack2, JupiterSprite, static_cast<int>(left),
+               static_cast<int>(top));
+    DoCaption();
+    if (running) Timer1->start();
+}
+
+void FormCMIoPlane::DoCaption() {
+    const bool real = core_.RealTimeMode, gmt = core_.UseGMT;
+    const double shown = (real ? core_.CurrentUT : st_.fixed.FixedUT) + (gmt ? 0.0 : core_.ObsTZ / 24.0);
+    const QString time = Q(FormatDateMask(shown, "hh:nn:ss"));
+    if (real) {
+        setWindowTitle(gmt ? "CML-Io Phase Plane GMT Real Time" : "CML-Io Phase Plane Local Real Time");
+    } else {
+        // In local time the title's date stays that of FixedUT.
+        setWindowTitle("CML-Io Phase Plane " + time + "   " + Q(core_.FormatDateByChoice(st_.fixed.FixedUT)) +
+                       (gmt ? " GMT (FIXED)" : " Local (FIXED)"));
+    }
+    LBLTime->setText(time);
+    LBLDate->setText(Q(core_.FormatDateByChoice(shown)));
+    LBLDateFormat->setText(Q(core_.DateHeading));
+}
+
+void FormCMIoPlane::UpdateCMIoPlane() {
+    GetPointer();
+    PlotJup();
+}
+
+void FormCMIoPlane::StartTimers() {
+    if (startMainTimer_) startMainTimer_();
+    Timer1->start();
+}
+
+void FormCMIoPlane::SetProbabilityLabels(float cml, float io) {
+    LBLCML->setText("CML: " + Q(FormatNumberMask(cml, "###.#")));
+    LBLioPhase->setText("Io Phase: " + Q(FormatNumberMask(io, "###.#")));
+    LBLProb->setText("Prob: " + Q(StrForm(ProbabilityAt(st_.ProbTable, io, cml))) + "%");
+}
+
+void FormCMIoPlane::Pic1MouseMove(float x, float y) {
+    float c = x + static_cast<float>(PlaneShift);
+    if (c >= 360.0f) c -= 360.0f;
+    SetProbabilityLabels(c, 360.0f - y);
+}
+
+void FormCMIoPlane::ShowPlottedValues() { SetProbabilityLabels(PlotCML, PlotIo); }
+
+void FormCMIoPlane::mouseMoveEvent(QMouseEvent* event) {
+    ShowPlottedValues();
+    QWidget::mouseMoveEvent(event);
+}
+
+void FormCMIoPlane::closeEvent(QCloseEvent* event) {
+    Timer1->stop();
+    if (!core_.ShuttingDown && onClosed_) onClosed_();
+    event->accept();
+}
+
+} // namespace tarvelle

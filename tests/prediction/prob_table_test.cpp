@@ -1,0 +1,185 @@
+// The built-in probability table: the values it must hold, and the expansion's rules on
+// small hand-made rows.
+#include "prob_table.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+using namespace tarvelle;
+
+namespace {
+
+ProbabilityTable BuiltIn() {
+    ProbabilityTable table;
+    std::string failure;
+    EXPECT_TRUE(LoadProbTable(table, failure)) << failure;
+    return table;
+}
+
+ProbabilityTable Expanded(const std::vector<std::string>& rows) {
+    ProbabilityTable table;
+    ExpandProbRows(rows, table);
+    return table;
+}
+
+bool InPeak(size_t io, size_t cml) {
+    return io >= 90 && io <= 91 && cml >= 134 && cml <= 138;
+}
+
+} // namespace
+
+TEST(ProbTable, CoarseSampleCellForCell) {
+    // Io phase 30..360 down, CML 30..360 across.
+    constexpr int kSample[12][12] = {
+        {8, 8, 8, 7, 8, 8, 8, 19, 18, 16, 12, 8},      {8, 11, 15, 10, 13, 9, 9, 18, 20, 12, 12, 8},
+        {8, 7, 29, 85, 92, 56, 15, 18, 17, 12, 12, 8}, {8, 8, 10, 11, 12, 13, 12, 21, 19, 8, 8, 4},
+        {7, 8, 8, 10, 13, 8, 9, 19, 16, 12, 8, 4},     {8, 8, 8, 8, 12, 7, 18, 24, 22, 8, 8, 4},
+        {8, 8, 8, 8, 10, 8, 21, 27, 22, 14, 8, 4},     {12, 8, 8, 8, 9, 9, 54, 78, 40, 36, 45, 30},
+        {8, 8, 8, 8, 10, 8, 12, 23, 19, 13, 8, 4},     {8, 12, 12, 12, 12, 12, 9, 17, 19, 12, 12, 8},
+        {8, 12, 12, 12, 12, 8, 8, 17, 19, 12, 12, 8},  {8, 8, 12, 12, 12, 8, 8, 16, 16, 12, 12, 8},
+    };
+    const ProbabilityTable t = BuiltIn();
+    ASSERT_EQ(t.size(), 361u);
+    for (size_t i = 0; i < 12; ++i)
+        for (size_t j = 0; j < 12; ++j)
+            EXPECT_EQ(t[30 * (i + 1)][30 * (j + 1)], kSample[i][j])
+                << "Io " << 30 * (i + 1) << " CML " << 30 * (j + 1);
+}
+
+TEST(ProbTable, StatedCells) {
+    const ProbabilityTable t = BuiltIn();
+    ASSERT_EQ(t.size(), 361u);
+
+    // The first row's given beginning: 64 eights, then the values the packed text spells out.
+    std::vector<double> start(64, 8.0);
+    for (double v : {8, 8, 8, 9, 10, 11, 11, 12, 11, 10, 9, 8, 8, 9, 9, 10, 11}) start.push_back(v);
+    start.insert(start.end(), 31, 12.0);
+    for (double v : {11, 11, 10, 9}) start.push_back(v);
+    ASSERT_EQ(start.size(), 116u);
+    for (size_t c = 1; c <= start.size(); ++c) EXPECT_EQ(t[1][c], start[c - 1]) << "CML " << c;
+    EXPECT_EQ(t[1][1], 8.0);
+
+    // The row stored one value short.
+    EXPECT_EQ(t[12][359], 0.0);
+    EXPECT_EQ(t[12][360], 8.0);
+
+    for (size_t k = 0; k <= 360; ++k) {
+        EXPECT_EQ(t[0][k], 0.0) << k;
+        EXPECT_EQ(t[k][0], 0.0) << k;
+    }
+}
+
+TEST(ProbTable, PeakPlateauAndRange) {
+    const ProbabilityTable t = BuiltIn();
+    ASSERT_EQ(t.size(), 361u);
+    EXPECT_EQ(t[90][136], 100.0);
+    for (size_t io = 1; io <= 360; ++io) {
+        for (size_t c = 1; c <= 360; ++c) {
+            if (io == 12 && c == 359) continue;
+            const double v = t[io][c];
+            if (InPeak(io, c)) {
+                EXPECT_EQ(v, 100.0) << io << "," << c;
+            } else {
+                EXPECT_GE(v, 3.0) << io << "," << c;
+                EXPECT_LT(v, 100.0) << io << "," << c;
+            }
+        }
+    }
+}
+
+TEST(ProbTable, NonIoBandAtEveryIoPhase) {
+    // The non-Io-A source stands above the quiet longitudes whatever Io does; a row shifted
+    // or cut short in the packed text shows up here.
+    const ProbabilityTable t = BuiltIn();
+    ASSERT_EQ(t.size(), 361u);
+    for (size_t io = 1; io <= 360; ++io) {
+        EXPECT_GE(t[io][250], 14.0) << io;
+        EXPECT_GT(t[io][250], t[io][60]) << io;
+    }
+}
+
+TEST(ProbTableExpansion, ShortRowKeepsItsLastValueAtCml360) {
+    const ProbabilityTable t = Expanded({"5_6_7X", "9X"});
+    ASSERT_EQ(t.size(), 361u);
+    EXPECT_EQ(t[1][1], 5.0);
+    EXPECT_EQ(t[1][2], 6.0);
+    for (size_t c = 3; c <= 359; ++c) EXPECT_EQ(t[1][c], 0.0) << c;
+    EXPECT_EQ(t[1][360], 7.0);
+    // A row with no "_" at all: every field is missing and the number goes to CML 360.
+    EXPECT_EQ(t[2][1], 0.0);
+    EXPECT_EQ(t[2][360], 9.0);
+    // Rows not given stay 0.
+    EXPECT_EQ(t[3][360], 0.0);
+    EXPECT_EQ(t[360][360], 0.0);
+}
+
+TEST(ProbTableExpansion, TokensBecomeTheirRuns) {
+    const ProbabilityTable t = Expanded({"3_u_y_4_z_w_5X"});
+    std::vector<double> expected{3};
+    expected.insert(expected.end(), 8, 8.0);
+    expected.insert(expected.end(), 5, 12.0);
+    expected.push_back(4);
+    expected.insert(expected.end(), 4, 20.0);
+    expected.insert(expected.end(), 4, 11.0);
+    for (size_t c = 1; c <= expected.size(); ++c) EXPECT_EQ(t[1][c], expected[c - 1]) << c;
+    EXPECT_EQ(t[1][expected.size() + 1], 0.0);
+    EXPECT_EQ(t[1][360], 5.0);
+}
+
+TEST(ProbTableExpansion, RowsFollowTheXNotTheStrings) {
+    // The rows are joined first, so an "X" inside one string ends a row and a row may run on
+    // into the next string.
+    const ProbabilityTable t = Expanded({"1_2", "X3X4_", "5X"});
+    EXPECT_EQ(t[1][1], 1.0);
+    EXPECT_EQ(t[1][360], 2.0);
+    EXPECT_EQ(t[2][360], 3.0);
+    EXPECT_EQ(t[3][1], 4.0);
+    EXPECT_EQ(t[3][360], 5.0);
+}
+
+TEST(ProbTableExpansion, FullAndOverlongRows) {
+    std::string full, longer;
+    for (int c = 1; c <= 360; ++c) full += std::to_string(c) + (c < 360 ? "_" : "X");
+    for (int c = 1; c <= 362; ++c) longer += std::to_string(c) + (c < 362 ? "_" : "X");
+    const ProbabilityTable t = Expanded({full, longer});
+    for (size_t c = 1; c <= 360; ++c) EXPECT_EQ(t[1][c], static_cast<double>(c)) << c;
+    // What is left after 359 fields is "360_361_362": its leading number.
+    EXPECT_EQ(t[2][359], 359.0);
+    EXPECT_EQ(t[2][360], 360.0);
+}
+
+TEST(ProbTableExpansion, StartsFromAClearedTable) {
+    ProbabilityTable t(5);
+    for (auto& row : t) row.fill(42.0);
+    ExpandProbRows({"1X"}, t);
+    ASSERT_EQ(t.size(), 361u);
+    EXPECT_EQ(t[0][0], 0.0);
+    EXPECT_EQ(t[1][1], 0.0);
+    EXPECT_EQ(t[1][360], 1.0);
+    EXPECT_EQ(t[4][4], 0.0);
+}
+
+TEST(ProbabilityLookup, RoundsHalvesToEvenAndStaysInside) {
+    ProbabilityTable t(361);
+    t[90][136] = 1;
+    t[92][136] = 2;
+    t[90][134] = 3;
+    t[360][360] = 4;
+    t[0][0] = 5;
+    EXPECT_EQ(ProbabilityAt(t, 90.4, 135.6), 1.0);
+    EXPECT_EQ(ProbabilityAt(t, 90.5, 135.5), 1.0); // both halves go down or up to the even degree
+    EXPECT_EQ(ProbabilityAt(t, 91.5, 136.5), 2.0);
+    EXPECT_EQ(ProbabilityAt(t, 89.5, 134.5), 3.0);
+    EXPECT_EQ(ProbabilityAt(t, 360.5, 360.5), 4.0);
+    EXPECT_EQ(ProbabilityAt(t, -0.5, -0.5), 5.0);
+    EXPECT_EQ(ProbabilityAt(t, 360.6, 360.0), 0.0);
+    EXPECT_EQ(ProbabilityAt(t, 360.0, -0.6), 0.0);
+    EXPECT_EQ(ProbabilityAt(t, -1.0, 10.0), 0.0);
+    EXPECT_EQ(ProbabilityAt(ProbabilityTable{}, 90.0, 136.0), 0.0); // never loaded
+
+    const ProbabilityTable built = BuiltIn();
+    EXPECT_EQ(ProbabilityAt(built, 90.49, 136.2), 100.0);
+    EXPECT_EQ(ProbabilityAt(built, 12.0, 359.0), 0.0);
+}
