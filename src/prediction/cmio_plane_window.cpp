@@ -64,6 +64,7 @@ FormCMIoPlane::FormCMIoPlane(Station& station, Form8& pictures, std::function<vo
     CreateBackground();
     PlotDay();
     PlotJup();
+    ShowPlottedValues();
     PlaneDay = static_cast<int16_t>(FieldsOf(core_.CurrentUT).day);
     if (core_.RealTimeMode) Timer1->start();
 }
