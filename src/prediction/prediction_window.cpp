@@ -7,6 +7,7 @@
 #include "page_printer.h"
 #include "plot_surface.h"
 #include "text_forms.h"
+#include "time_entry.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -238,13 +239,10 @@ void Form3::BuildControls() {
 }
 
 void Form3::ArrangeDateFields() {
-    static const char* const kHeadings[] = {"YYYY  MM  DD", "MM  DD  YYYY", "DD  MM  YYYY"};
     const int choice = core_.DateFormatChoice;
-    QLineEdit* order[3] = {txtYear, txtMonth, txtDay};
-    if (choice == 1) order[0] = txtMonth, order[1] = txtDay, order[2] = txtYear;
-    if (choice == 2) order[0] = txtDay, order[1] = txtMonth, order[2] = txtYear;
-    if (choice >= 0 && choice <= 2) LBLDateFormat->setText(kHeadings[choice]);
+    if (const std::string heading = DateFieldsFor(choice).heading; !heading.empty()) LBLDateFormat->setText(Q(heading));
     auto* fields = findChild<QHBoxLayout*>("DateFields");
+    const auto order = InDateOrder(choice, txtYear, txtMonth, txtDay);
     for (QLineEdit* box : order) fields->removeWidget(box);
     for (QLineEdit* box : order) fields->addWidget(box);
 }

@@ -4,6 +4,7 @@
 #include "numeric.h"
 #include "station.h"
 #include "text_forms.h"
+#include "time_entry.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -25,10 +26,7 @@ double Number(const QLineEdit* box) { return ValueOfText(box->text().toStdString
 // Year, month and day fields side by side in the order of the date format.
 QHBoxLayout* DateRow(int choice, QLineEdit* y, QLineEdit* m, QLineEdit* d) {
     auto* row = new QHBoxLayout;
-    QLineEdit* order[3] = {y, m, d};
-    if (choice == 1) order[0] = m, order[1] = d, order[2] = y;
-    if (choice == 2) order[0] = d, order[1] = m, order[2] = y;
-    for (QLineEdit* box : order) row->addWidget(box);
+    for (QLineEdit* box : InDateOrder(choice, y, m, d)) row->addWidget(box);
     row->addStretch(1);
     return row;
 }
@@ -71,9 +69,8 @@ formReportOptions::formReportOptions(Station& station, ReportChoices& choices, b
     cmdCancel->setObjectName("cmdCancel");
 
     const int choice = st_.core.DateFormatChoice;
-    static const char* const kHeadings[] = {"YYYY  MM  DD", "MM  DD  YYYY", "DD  MM  YYYY"};
     auto* dates = new QGridLayout;
-    dates->addWidget(new QLabel(choice >= 0 && choice <= 2 ? kHeadings[choice] : "", this), 0, 1);
+    dates->addWidget(new QLabel(Q(DateFieldsFor(choice).heading), this), 0, 1);
     dates->addWidget(new QLabel("Report Starts", this), 1, 0);
     dates->addLayout(DateRow(choice, txtSYear, txtSMonth, txtSDay), 1, 1);
     dates->addWidget(new QLabel("Report Ends", this), 2, 0);

@@ -376,15 +376,9 @@ void Form1::PlaceButtons() {
 }
 
 void Form1::ArrangeDateBoxes() {
-    static const char* const kHeadings[] = {"YYYY  MM  DD", "MM  DD  YYYY", "DD  MM  YYYY"};
-    QLineEdit* order[3] = {txtY, txtM, txtD};
     const int choice = core_.DateFormatChoice;
-    if (choice == 1) {
-        order[0] = txtM, order[1] = txtD, order[2] = txtY;
-    } else if (choice == 2) {
-        order[0] = txtD, order[1] = txtM, order[2] = txtY;
-    }
-    if (choice >= 0 && choice <= 2) LBLDateFormat->setText(kHeadings[choice]);
+    const auto order = InDateOrder(choice, txtY, txtM, txtD);
+    if (const std::string heading = DateFieldsFor(choice).heading; !heading.empty()) LBLDateFormat->setText(Q(heading));
     LBLDateFormat->adjustSize();
     const int rowH = txtY->sizeHint().height();
     const int top = LBLDateFormat->sizeHint().height();

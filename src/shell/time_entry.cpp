@@ -90,4 +90,14 @@ std::optional<std::string> NormaliseTimeText(const std::string& text) {
     return parts[0] + ":" + parts[1] + ":" + parts[2];
 }
 
+DateFieldOrder DateFieldsFor(int dateFormatChoice) {
+    using F = DateFieldOrder::Field;
+    switch (dateFormatChoice) {
+    case 0: return {{F::Year, F::Month, F::Day}, "YYYY  MM  DD"};
+    case 1: return {{F::Month, F::Day, F::Year}, "MM  DD  YYYY"};
+    case 2: return {{F::Day, F::Month, F::Year}, "DD  MM  YYYY"};
+    default: return {};
+    }
+}
+
 } // namespace tarvelle

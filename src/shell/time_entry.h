@@ -3,6 +3,7 @@
 // them where the rules say the boxes show something else.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
@@ -26,6 +27,21 @@ double TimeFromBoxes(DateTimeBoxes& boxes);
 
 // "hh:mm:ss" from a typed time, or nothing when it cannot be read.
 std::optional<std::string> NormaliseTimeText(const std::string& text);
+
+// Where the year, month and day fields stand by DateFormatChoice, and the heading above them.
+struct DateFieldOrder {
+    enum Field { Year, Month, Day };
+    std::array<Field, 3> order{Year, Month, Day}; // left to right
+    std::string heading;                          // empty for an unknown choice
+};
+DateFieldOrder DateFieldsFor(int dateFormatChoice);
+
+// The three fields of a window in that order.
+template <typename Field> std::array<Field, 3> InDateOrder(int dateFormatChoice, Field year, Field month, Field day) {
+    const Field fields[3] = {year, month, day};
+    const DateFieldOrder o = DateFieldsFor(dateFormatChoice);
+    return {fields[o.order[0]], fields[o.order[1]], fields[o.order[2]]};
+}
 
 inline constexpr const char* kTimeFormatErrorTitle = "Time Format Error";
 inline constexpr const char* kTimeFormatErrorText =

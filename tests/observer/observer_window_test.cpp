@@ -31,13 +31,8 @@ class FormObserverTest : public StationTest {
 protected:
     void SetUp() override {
         StationTest::SetUp();
-        Core& c = station->core;
-        c.ObFileName = (programDir + "viewer.obs").toStdString();
-        c.ObsLatitude = 39.25f;
-        c.ObsLongitude = 76.5f;
-        c.ObsTZ = -5.0;
-        c.SystemClockTZ = -5.0;
-        c.UpdateClockOffset();
+        UseSampleObserver();
+        Core& c = core();
         station->ReadClock();
         c.UpdateSiderealTime();
         c.BuildDayTables(c.CurrentUT);

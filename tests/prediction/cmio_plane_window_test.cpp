@@ -24,12 +24,8 @@ class PlaneTest : public StationTest {
 protected:
     void SetUp() override {
         StationTest::SetUp();
+        UseSampleObserver();
         Core& c = core();
-        c.ObsLatitude = 39.25f;
-        c.ObsLongitude = 76.5f;
-        c.ObsTZ = -5.0;
-        c.SystemClockTZ = -5.0;
-        c.UpdateClockOffset();
         station->ReadClock();
         station->ProbTable.assign(361, {});
         station->ProbTable[90][145] = 42;

@@ -3,6 +3,7 @@
 #include "mode_commands.h"
 #include "mode_editor_window.h"
 #include "mode_file.h"
+#include "station_test.h"
 
 #include <gtest/gtest.h>
 
@@ -21,12 +22,10 @@ using namespace tarvelle;
 
 namespace {
 
-class ModeEditorTest : public ::testing::Test {
+class ModeEditorTest : public StationTest {
 protected:
     void SetUp() override {
-        programDir = dir.path() + "/";
-        settings = std::make_unique<SettingsStore>(dir.filePath("s.ini"));
-        station = std::make_unique<Station>(*settings, clock, dialogs, desktop, programDir);
+        StationTest::SetUp();
         ModeTableState& m = modes();
         m.ModeFileName = (programDir + "UFMODES.JMF").toStdString();
         m.NumModes = 3;
@@ -49,14 +48,6 @@ protected:
         f.write(content);
     }
     QString StoredModeFile() { return settings->get("Startup", "ModeFileName", "unset"); }
-
-    QTemporaryDir dir;
-    QString programDir;
-    std::unique_ptr<SettingsStore> settings;
-    FakeClock clock;
-    ScriptedDialogs dialogs;
-    RecordingDesktop desktop;
-    std::unique_ptr<Station> station;
 };
 
 } // namespace

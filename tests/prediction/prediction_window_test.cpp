@@ -43,15 +43,7 @@ class Form3Test : public StationTest {
 protected:
     void SetUp() override {
         StationTest::SetUp();
-        Core& c = core();
-        c.ObFileName = (programDir + "viewer.obs").toStdString();
-        c.ObLatText = "39:15:00.0";
-        c.ObLngText = "76:30:00.0";
-        c.ObsLatitude = 39.25f;
-        c.ObsLongitude = 76.5f;
-        c.ObsTZ = -5.0;
-        c.SystemClockTZ = -5.0;
-        c.UpdateClockOffset();
+        UseSampleObserver();
         station->VersionText = "3.8.2";
         station->modes.ModeFileName = (programDir + "UFMODES.JMF").toStdString();
         int status = 0;

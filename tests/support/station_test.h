@@ -45,6 +45,19 @@ protected:
 
     Core& core() { return station->core; }
 
+    // The core set to the sample observer of viewer.obs, its clock on the observer's zone.
+    void UseSampleObserver() {
+        Core& c = core();
+        c.ObFileName = (programDir + "viewer.obs").toStdString();
+        c.ObLatText = "39:15:00.0";
+        c.ObLngText = "76:30:00.0";
+        c.ObsLatitude = 39.25f;
+        c.ObsLongitude = 76.5f;
+        c.ObsTZ = -5.0;
+        c.SystemClockTZ = -5.0;
+        c.UpdateClockOffset();
+    }
+
     QTemporaryDir dir;
     QString programDir;
     std::unique_ptr<SettingsStore> settings;
