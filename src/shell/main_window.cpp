@@ -771,6 +771,7 @@ void Form1::LoadPictureStore() {
 void Form1::LoadModeFile() {
     int status = 0;
     tarvelle::LoadModeFile(st_.modes, status, st_.dialogs);
+    if (status == 0) TellOfUnpredictedModes(st_.modes, st_.dialogs);
 }
 
 void Form1::UpdateTodayActivity() {

@@ -286,6 +286,17 @@ TEST_F(PredictionCommandTest, MainWindowOpensThePredictionAndShowsActivity) {
     EXPECT_TRUE(main.LBLQ->text().isEmpty());
 }
 
+TEST_F(PredictionCommandTest, AStartUpFileOfMoreThanSixModesIsToldAbout) {
+    QByteArray eight;
+    for (int i = 1; i <= 8; ++i) eight += "mode" + QByteArray::number(i) + "\r\n 1 \r\n 2 \r\n 3 \r\n 4 \r\n";
+    WriteFile("UFMODES.JMF", eight);
+    Form1 main(*station);
+    main.Load();
+    EXPECT_EQ(station->modes.NumModes, 8);
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].title, "Mode File");
+}
+
 TEST_F(PredictionCommandTest, NoModeFileNoPrediction) {
     QFile::remove(programDir + "UFMODES.JMF");
     Form1 main(*station);
