@@ -4,6 +4,7 @@
 #include "image_camera.h"
 #include "numeric.h"
 #include "picture_store.h"
+#include "plane_track.h"
 #include "prob_table.h"
 #include "text_forms.h"
 
@@ -27,17 +28,8 @@ namespace {
 
 constexpr int kPlaneSize = 360;
 constexpr int kWhite = 0xFFFFFF;
-constexpr double kMinuteStep = 0.000694444; // day tables step, as the pointer counts it
 
 QString Q(const std::string& s) { return QString::fromStdString(s); }
-
-// A CML moved by the shift and brought into 0..360.
-double Shifted(double cml, int shift) {
-    double x = cml - shift;
-    if (x < 0.0) x = 360.0 - std::fabs(x);
-    if (x >= 360.0) x -= 360.0;
-    return x;
-}
 
 } // namespace
 
@@ -223,15 +215,6 @@ void FormCMIoPlane::CreateBackground() {
     }
 }
 
-QString FormCMIoPlane::HourText(double hours) const {
-    double h = hours;
-    if (!core_.UseGMT) h += core_.ObsTZ;
-    if (h > 24) h -= 24;
-    if (h < 0) h += 24;
-    if (h == 24) h = 0;
-    return Q(Trim(StrForm(h)));
-}
-
 void FormCMIoPlane::PlotDay() {
     const bool running = Timer1->isActive();
     Timer1->stop();
@@ -240,13 +223,13 @@ void FormCMIoPlane::PlotDay() {
     const DayTables& d = core_.Day;
     s.SetLineWidth(2);
     s.SetPenColour(kWhite);
-    s.DrawPoint(static_cast<float>(Shifted(d.DayCML[0], PlaneShift)), d.DayIoPhase[0], QBColor(7));
-    s.PrintText(HourText(0));
-    const double endOfDay = core_.UseGMT ? 1440.0 : 1440.0 - core_.ObsTZ * 60.0;
+    s.DrawPoint(static_cast<float>(PlaneX(d.DayCML[0], PlaneShift)), d.DayIoPhase[0], QBColor(7));
+    s.PrintText(Q(TrackHourText(0, core_.UseGMT, core_.ObsTZ)));
+    const double endOfDay = TrackEndOfDay(core_.UseGMT, core_.ObsTZ);
     for (size_t k = 20; k <= 1800; k += 20) {
         s.SetLineWidth(3);
-        const auto x1 = static_cast<float>(Shifted(d.DayCML[k], PlaneShift));
-        const auto x0 = static_cast<float>(Shifted(d.DayCML[k - 20], PlaneShift));
+        const auto x1 = static_cast<float>(PlaneX(d.DayCML[k], PlaneShift));
+        const auto x0 = static_cast<float>(PlaneX(d.DayCML[k - 20], PlaneShift));
         s.DrawPoint(x1, d.DayIoPhase[k], QBColor(7));
         // A step that wraps in either coordinate draws no line, only its point.
         if (x1 > x0 && d.DayIoPhase[k] > d.DayIoPhase[k - 20]) {
@@ -258,7 +241,7 @@ void FormCMIoPlane::PlotDay() {
         }
         if (k % 60 == 0) {
             s.SetPenColour(kWhite);
-            s.PrintText(HourText(static_cast<double>(k / 60)));
+            s.PrintText(Q(TrackHourText(static_cast<double>(k / 60), core_.UseGMT, core_.ObsTZ)));
         }
     }
     s.Refresh();
@@ -272,7 +255,7 @@ void FormCMIoPlane::GetPointer() {
         PlotDay();
     }
     const double t = core_.RealTimeMode ? core_.GMTFromClock(st_.clock.LocalNow()) : st_.fixed.FixedUT - core_.ObsTZ / 24.0;
-    DayPointer = static_cast<int16_t>(RoundHalfEven((t - std::floor(t)) / kMinuteStep));
+    DayPointer = DayPointerOf(t);
 }
 
 void FormCMIoPlane::PlotJup() {
@@ -291,14 +274,9 @@ void FormCMIoPlane::PlotJup() {
     PlotSurface& s = Pic1->Surface();
     s.SetPixelScale();
     const PlotSurface& sprite = pictures_.PicJup;
-    const double W = s.PixelWidth(), H = s.PixelHeight();
-    const double w = sprite.PixelWidth(), h = sprite.PixelHeight();
-    double left = RoundHalfEven(static_cast<double>(PlotCML) * W / 360.0 - w / 2.0 - PlaneShift);
-    if (left > 360) left -= 360;
-    if (left < 0) left += 360;
-    const double top = RoundHalfEven(H - static_cast<double>(PlotIo) * H / 360.0 - h / 2.0);
-    MoveSprite(s, sprite, pictures_.PicMask, pictures_.PicBack2, JupiterSprite, static_cast<int>(left),
-               static_cast<int>(top));
+    const BlockCorner corner = MarkerCorner(PlotCML, PlotIo, PlaneShift, s.PixelWidth(), s.PixelHeight(),
+                                            sprite.PixelWidth(), sprite.PixelHeight());
+    MoveSprite(s, sprite, pictures_.PicMask, pictures_.PicBack2, JupiterSprite, corner.left, corner.top);
     DoCaption();
     if (running) Timer1->start();
 }
@@ -336,9 +314,8 @@ void FormCMIoPlane::SetProbabilityLabels(float cml, float io) {
 }
 
 void FormCMIoPlane::Pic1MouseMove(float x, float y) {
-    float c = x + static_cast<float>(PlaneShift);
-    if (c >= 360.0f) c -= 360.0f;
-    SetProbabilityLabels(c, 360.0f - y);
+    const PlanePoint p = PlanePointAt(x, y, PlaneShift);
+    SetProbabilityLabels(p.cml, p.io);
 }
 
 void FormCMIoPlane::ShowPlottedValues() { SetProbabilityLabels(PlotCML, PlotIo); }

@@ -69,7 +69,6 @@ protected:
 private:
     void BuildControls();
     void Redraw();
-    QString HourText(double hours) const;
     void SetProbabilityLabels(float cml, float io);
 
     Station& st_;

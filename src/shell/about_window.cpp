@@ -1,5 +1,6 @@
 #include "about_window.h"
 
+#include "artwork.h"
 #include "help_commands.h"
 #include "station.h"
 
@@ -10,7 +11,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
-#include <QSvgRenderer>
 #include <QVBoxLayout>
 
 #include <functional>
@@ -54,19 +54,6 @@ private:
     std::function<void()> onClick_;
 };
 
-QPixmap IconPixmap(const QString& resource, qreal devicePixelRatio) {
-    QSvgRenderer renderer(resource);
-    if (!renderer.isValid()) return {};
-    const int side = qRound(kIconSize * devicePixelRatio);
-    QPixmap pixmap(side, side);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    renderer.render(&painter);
-    painter.end();
-    pixmap.setDevicePixelRatio(devicePixelRatio);
-    return pixmap;
-}
-
 QLabel* NamedLabel(QWidget* parent, const char* name, const QString& text) {
     auto* label = new QLabel(text, parent);
     label->setObjectName(name);
@@ -105,7 +92,7 @@ FormAbout::FormAbout(Station& station, const QString& versionText, QWidget* pare
     setModal(true);
 
     Image1 = NamedLabel(this, "Image1", {});
-    const QPixmap icon = IconPixmap(":/icons/tarvelle.svg", devicePixelRatioF());
+    const QPixmap icon = PixmapFromSvg(":/icons/tarvelle.svg", kIconSize, devicePixelRatioF());
     Image1->setPixmap(icon);
     Image1->setFixedSize(kIconSize, kIconSize);
     Image1->setVisible(!icon.isNull());

@@ -1,6 +1,7 @@
 #include "main_window.h"
 
 #include "about_window.h"
+#include "artwork.h"
 #include "calendar_window.h"
 #include "cmio_plane_window.h"
 #include "date_format_window.h"
@@ -31,7 +32,6 @@
 #include <QPainter>
 #include <QPointer>
 #include <QPushButton>
-#include <QSvgRenderer>
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -58,20 +58,6 @@ int Px(int units) {
 
 QString Q(const std::string& s) {
     return QString::fromStdString(s);
-}
-
-QIcon IconFromSvg(const QString& resource) {
-    QSvgRenderer renderer(resource);
-    QIcon icon;
-    if (!renderer.isValid()) return icon;
-    for (int size : {24, 32, 48, 64}) {
-        QPixmap pixmap(size, size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        renderer.render(&painter);
-        icon.addPixmap(pixmap);
-    }
-    return icon;
 }
 
 struct PictureButton {
