@@ -1,11 +1,11 @@
 // The station program: fills the program directory, creates the station and opens Form1.
-#include "clock_source.h"
-#include "desktop.h"
-#include "dialogs.h"
-#include "main_window.h"
-#include "program_directory.h"
-#include "settings_store.h"
-#include "station.h"
+#include "platform/clock_source.h"
+#include "platform/desktop.h"
+#include "platform/dialogs.h"
+#include "ui/main/main_window.h"
+#include "platform/program_directory.h"
+#include "station/settings_store.h"
+#include "station/station.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -1,6 +1,6 @@
 // The core's recomputes: once a second in the tick, 1,801 times in the day tables.
-#include "astro_core.h"
-#include "date_value.h"
+#include "core/astro_core.h"
+#include "core/date_value.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,8 +1,8 @@
 // The daily prediction: one day scanned and matched, and a year's event report.
-#include "astro_core.h"
-#include "date_value.h"
-#include "event_report.h"
-#include "prediction.h"
+#include "core/astro_core.h"
+#include "core/date_value.h"
+#include "prediction/event_report.h"
+#include "prediction/prediction.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,6 +1,6 @@
 // The station window: one tick, and start to first readout. Budgets: 1 ms and 400 ms.
-#include "date_value.h"
-#include "main_window.h"
+#include "core/date_value.h"
+#include "ui/main/main_window.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,5 +1,5 @@
 // tarvelle-cli: the headless companion of the station, for observatory scripts and checks.
-#include "cli_commands.h"
+#include "cli/cli_commands.h"
 
 #include <QCoreApplication>
 

@@ -1,8 +1,8 @@
 // The clock, sidereal time and the shared helpers of the core.
-#include "astro_core.h"
-#include "date_value.h"
-#include "numeric.h"
-#include "text_forms.h"
+#include "core/astro_core.h"
+#include "core/date_value.h"
+#include "core/numeric.h"
+#include "core/text_forms.h"
 
 #include <cmath>
 #include <filesystem>

@@ -1,6 +1,6 @@
-#include "date_value.h"
+#include "core/date_value.h"
 
-#include "numeric.h"
+#include "core/numeric.h"
 
 #include <cctype>
 #include <cmath>

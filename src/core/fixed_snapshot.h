@@ -1,7 +1,7 @@
 // The live values at the moment a time was fixed; what every display shows in fixed time.
 #pragma once
 
-#include "astro_core.h"
+#include "core/astro_core.h"
 
 namespace tarvelle {
 

@@ -2,9 +2,9 @@
 // UpdateCMLIII carries its own calendar-to-Julian-date step and its own, higher-order Jupiter
 // series; UpdateIoPhase carries a third, light theory. Neither uses the positions of the
 // two-ellipse model.
-#include "astro_core.h"
-#include "date_value.h"
-#include "numeric.h"
+#include "core/astro_core.h"
+#include "core/date_value.h"
+#include "core/numeric.h"
 
 #include <cmath>
 

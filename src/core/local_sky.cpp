@@ -1,7 +1,7 @@
 // Altitude, azimuth, hour angle, rise and set for the observer, and the per-minute tables of
 // a date. The horizon is geometric: no refraction, parallax or semi-diameter.
-#include "astro_core.h"
-#include "numeric.h"
+#include "core/astro_core.h"
+#include "core/numeric.h"
 
 #include <cmath>
 

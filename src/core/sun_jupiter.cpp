@@ -1,7 +1,7 @@
 // Geocentric places of the Sun and Jupiter from two Keplerian ellipses, in one closed step:
 // no Kepler iteration, no light time, no aberration or nutation.
-#include "astro_core.h"
-#include "numeric.h"
+#include "core/astro_core.h"
+#include "core/numeric.h"
 
 #include <cmath>
 

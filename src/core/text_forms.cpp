@@ -1,4 +1,4 @@
-#include "text_forms.h"
+#include "core/text_forms.h"
 
 #include <cctype>
 #include <charconv>

@@ -1,6 +1,6 @@
-#include "error_text.h"
+#include "formats/error_text.h"
 
-#include "text_forms.h"
+#include "core/text_forms.h"
 
 #include <algorithm>
 #include <iterator>

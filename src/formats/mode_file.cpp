@@ -1,8 +1,8 @@
-#include "mode_file.h"
+#include "formats/mode_file.h"
 
-#include "error_text.h"
-#include "numeric.h"
-#include "text_forms.h"
+#include "formats/error_text.h"
+#include "core/numeric.h"
+#include "core/text_forms.h"
 
 #include <cctype>
 #include <cerrno>

@@ -16,8 +16,8 @@
 // editor (mode_commands.h, mode_editor_window.h) call the rest.
 #pragma once
 
-#include "dialogs.h"
-#include "prediction_state.h"
+#include "platform/dialogs.h"
+#include "station/prediction_state.h"
 
 #include <array>
 #include <string>

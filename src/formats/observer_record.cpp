@@ -1,7 +1,7 @@
-#include "observer_record.h"
+#include "formats/observer_record.h"
 
-#include "numeric.h"
-#include "text_forms.h"
+#include "core/numeric.h"
+#include "core/text_forms.h"
 
 #include <cerrno>
 #include <cmath>

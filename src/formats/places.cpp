@@ -1,6 +1,6 @@
-#include "places.h"
+#include "formats/places.h"
 
-#include "text_forms.h"
+#include "core/text_forms.h"
 
 #include <array>
 #include <cmath>

@@ -1,6 +1,6 @@
-#include "clock_source.h"
+#include "platform/clock_source.h"
 
-#include "date_value.h"
+#include "core/date_value.h"
 
 #include <QDateTime>
 #include <QTimeZone>

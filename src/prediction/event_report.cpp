@@ -1,7 +1,7 @@
-#include "event_report.h"
+#include "prediction/event_report.h"
 
-#include "date_value.h"
-#include "text_forms.h"
+#include "core/date_value.h"
+#include "core/text_forms.h"
 
 #include <memory>
 

@@ -11,9 +11,9 @@
 // the same without a window.
 #pragma once
 
-#include "astro_core.h"
-#include "prediction.h"
-#include "prediction_state.h"
+#include "core/astro_core.h"
+#include "prediction/prediction.h"
+#include "station/prediction_state.h"
 
 #include <functional>
 #include <ostream>

@@ -1,7 +1,7 @@
-#include "plane_track.h"
+#include "prediction/plane_track.h"
 
-#include "numeric.h"
-#include "text_forms.h"
+#include "core/numeric.h"
+#include "core/text_forms.h"
 
 #include <cmath>
 

@@ -1,8 +1,8 @@
-#include "prediction.h"
+#include "prediction/prediction.h"
 
-#include "date_value.h"
-#include "numeric.h"
-#include "text_forms.h"
+#include "core/date_value.h"
+#include "core/numeric.h"
+#include "core/text_forms.h"
 
 #include <cmath>
 #include <cstdio>

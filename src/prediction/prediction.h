@@ -13,8 +13,8 @@
 // stays zero. Only the first six modes are predicted (ModeTableState::PredictedModes).
 #pragma once
 
-#include "astro_core.h"
-#include "prediction_state.h"
+#include "core/astro_core.h"
+#include "station/prediction_state.h"
 
 #include <array>
 #include <string>

@@ -1,7 +1,7 @@
-#include "prob_table.h"
+#include "prediction/prob_table.h"
 
-#include "numeric.h"
-#include "text_forms.h"
+#include "core/numeric.h"
+#include "core/text_forms.h"
 
 #include <exception>
 #include <string_view>
@@ -10,7 +10,7 @@ namespace tarvelle {
 
 namespace {
 
-#include "prob_table_rows.inc"
+#include "prediction/prob_table_rows.inc"
 
 constexpr size_t kSide = 361;
 

@@ -2,7 +2,7 @@
 // packed text rows and expanded once at start-up; read by the CML-Io phase plane.
 #pragma once
 
-#include "prediction_state.h"
+#include "station/prediction_state.h"
 
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
-#include "page_printer.h"
+#include "render/page_printer.h"
 
-#include "dialogs.h"
+#include "platform/dialogs.h"
 
 #include <QFont>
 #include <QFontMetricsF>

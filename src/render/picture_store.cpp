@@ -1,4 +1,4 @@
-#include "picture_store.h"
+#include "render/picture_store.h"
 
 #include <algorithm>
 #include <array>

@@ -8,7 +8,7 @@
 //   PicBack1..PicBack4 19 x 19 save-under scratch for MoveSprite
 #pragma once
 
-#include "plot_surface.h"
+#include "render/plot_surface.h"
 
 #include <QWidget>
 

@@ -1,4 +1,4 @@
-#include "plot_surface.h"
+#include "render/plot_surface.h"
 
 #include <QClipboard>
 #include <QFontMetrics>

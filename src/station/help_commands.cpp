@@ -1,6 +1,6 @@
-#include "help_commands.h"
+#include "station/help_commands.h"
 
-#include "station.h"
+#include "station/station.h"
 
 namespace tarvelle {
 

@@ -1,7 +1,7 @@
-#include "observer_file.h"
+#include "station/observer_file.h"
 
-#include "observer_record.h"
-#include "text_forms.h"
+#include "formats/observer_record.h"
+#include "core/text_forms.h"
 
 namespace tarvelle {
 

@@ -1,8 +1,8 @@
 // Loading the current observer record into the core.
 #pragma once
 
-#include "astro_core.h"
-#include "dialogs.h"
+#include "core/astro_core.h"
+#include "platform/dialogs.h"
 
 namespace tarvelle {
 

@@ -1,8 +1,8 @@
-#include "readout.h"
+#include "station/readout.h"
 
-#include "date_value.h"
-#include "observer_record.h"
-#include "text_forms.h"
+#include "core/date_value.h"
+#include "formats/observer_record.h"
+#include "core/text_forms.h"
 
 #include <cmath>
 

@@ -2,8 +2,8 @@
 // from the fixed snapshot in fixed time. The window only puts them on its controls.
 #pragma once
 
-#include "astro_core.h"
-#include "fixed_snapshot.h"
+#include "core/astro_core.h"
+#include "core/fixed_snapshot.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "shell_paths.h"
+#include "station/shell_paths.h"
 
 #include <algorithm>
 #include <deque>

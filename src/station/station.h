@@ -2,13 +2,13 @@
 // handed to each window by reference. A test makes its own.
 #pragma once
 
-#include "astro_core.h"
-#include "clock_source.h"
-#include "desktop.h"
-#include "dialogs.h"
-#include "fixed_snapshot.h"
-#include "prediction_state.h"
-#include "settings_store.h"
+#include "core/astro_core.h"
+#include "platform/clock_source.h"
+#include "platform/desktop.h"
+#include "platform/dialogs.h"
+#include "core/fixed_snapshot.h"
+#include "station/prediction_state.h"
+#include "station/settings_store.h"
 
 #include <QString>
 

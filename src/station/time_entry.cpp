@@ -1,8 +1,8 @@
-#include "time_entry.h"
+#include "station/time_entry.h"
 
-#include "date_value.h"
-#include "numeric.h"
-#include "text_forms.h"
+#include "core/date_value.h"
+#include "core/numeric.h"
+#include "core/text_forms.h"
 
 #include <cmath>
 

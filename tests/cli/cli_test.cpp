@@ -1,9 +1,9 @@
 // tarvelle-cli: its output format and its refusals.
-#include "cli_commands.h"
+#include "cli/cli_commands.h"
 
-#include "astro_core.h"
-#include "date_value.h"
-#include "event_report.h"
+#include "core/astro_core.h"
+#include "core/date_value.h"
+#include "prediction/event_report.h"
 
 #include <gtest/gtest.h>
 

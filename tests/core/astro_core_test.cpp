@@ -1,8 +1,8 @@
 // The astronomy core against independent facts (IAU sidereal time, the geometry of the
 // sphere, the periods of Jupiter and Io) and against the rules it must keep.
-#include "astro_core.h"
-#include "date_value.h"
-#include "numeric.h"
+#include "core/astro_core.h"
+#include "core/date_value.h"
+#include "core/numeric.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // The shared text forms: what the user reads must be the same on every machine.
-#include "date_value.h"
-#include "text_forms.h"
+#include "core/date_value.h"
+#include "core/text_forms.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Mode files read and written through real files, and the editor's read-back of its rows.
-#include "mode_file.h"
+#include "formats/mode_file.h"
 
 #include <gtest/gtest.h>
 

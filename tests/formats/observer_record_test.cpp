@@ -1,7 +1,7 @@
 // Observer texts and the observer file: awkward input must read as an observer means it.
-#include "dialogs.h"
-#include "observer_file.h"
-#include "observer_record.h"
+#include "platform/dialogs.h"
+#include "station/observer_file.h"
+#include "formats/observer_record.h"
 
 #include <gtest/gtest.h>
 

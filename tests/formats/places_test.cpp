@@ -1,4 +1,4 @@
-#include "places.h"
+#include "formats/places.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // The seams' real parts that can run here: the program directory, the clock, file filters.
-#include "clock_source.h"
-#include "dialogs.h"
-#include "program_directory.h"
+#include "platform/clock_source.h"
+#include "platform/dialogs.h"
+#include "platform/program_directory.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // The event report, byte for byte: the header, the day blocks with every option, and whole
 // reports over spans that cross a year, a month and a leap day. Expected texts are written out
 // from the layout rules: cells of ten, CR LF line ends, one extra CR LF per write.
-#include "event_report.h"
+#include "prediction/event_report.h"
 
-#include "date_value.h"
+#include "core/date_value.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Where things stand on the CML-Io phase plane.
-#include "plane_track.h"
+#include "prediction/plane_track.h"
 
 #include <gtest/gtest.h>
 

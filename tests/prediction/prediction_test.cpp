@@ -1,9 +1,9 @@
 // The daily prediction: the mode match, the scan of a day, exclusions, the duration filter,
 // the grid and the activity line. Most cases build the minute tables by hand so that the
 // expected activity and grid follow from the rules alone.
-#include "prediction.h"
+#include "prediction/prediction.h"
 
-#include "date_value.h"
+#include "core/date_value.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // The built-in probability table: the values it must hold, and the expansion's rules on
 // small hand-made rows.
-#include "prob_table.h"
+#include "prediction/prob_table.h"
 
 #include <gtest/gtest.h>
 

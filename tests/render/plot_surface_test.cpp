@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "dialogs.h"
-#include "image_camera.h"
-#include "page_printer.h"
-#include "picture_store.h"
-#include "plot_surface.h"
+#include "platform/dialogs.h"
+#include "ui/common/image_camera.h"
+#include "render/page_printer.h"
+#include "render/picture_store.h"
+#include "render/plot_surface.h"
 
 #include <QClipboard>
 #include <QFile>

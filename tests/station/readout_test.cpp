@@ -1,6 +1,6 @@
 // The readout's texts in real and fixed time, GMT and local.
-#include "date_value.h"
-#include "readout.h"
+#include "core/date_value.h"
+#include "station/readout.h"
 
 #include <gtest/gtest.h>
 

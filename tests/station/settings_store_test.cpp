@@ -1,5 +1,5 @@
 // The settings store: text values, sections and keys without regard to case.
-#include "settings_store.h"
+#include "station/settings_store.h"
 
 #include <gtest/gtest.h>
 

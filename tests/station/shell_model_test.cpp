@@ -1,6 +1,6 @@
 // Error texts, the path helpers and the breadth-first walk of a folder.
-#include "error_text.h"
-#include "shell_paths.h"
+#include "formats/error_text.h"
+#include "station/shell_paths.h"
 
 #include <gtest/gtest.h>
 

@@ -3,12 +3,12 @@
 // west of Greenwich), and doubles of the dialogs and the desktop.
 #pragma once
 
-#include "clock_source.h"
-#include "date_value.h"
-#include "desktop.h"
-#include "dialogs.h"
-#include "settings_store.h"
-#include "station.h"
+#include "platform/clock_source.h"
+#include "core/date_value.h"
+#include "platform/desktop.h"
+#include "platform/dialogs.h"
+#include "station/settings_store.h"
+#include "station/station.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // The CML-Io phase plane: where the marker and the track land, the read-outs and the choices.
-#include "cmio_plane_window.h"
-#include "date_value.h"
-#include "picture_store.h"
+#include "ui/prediction/cmio_plane_window.h"
+#include "core/date_value.h"
+#include "render/picture_store.h"
 #include "station_test.h"
 
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
 // Real and fixed time, GMT and local, and the entry of dates and times on the station window.
-#include "calendar_window.h"
-#include "date_format_window.h"
-#include "date_value.h"
-#include "main_window.h"
+#include "ui/common/calendar_window.h"
+#include "ui/common/date_format_window.h"
+#include "core/date_value.h"
+#include "ui/main/main_window.h"
 #include "station_test.h"
-#include "time_entry.h"
+#include "station/time_entry.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // Form1 driven offscreen through its named controls, with a clock the test sets.
-#include "date_value.h"
-#include "main_window.h"
+#include "core/date_value.h"
+#include "ui/main/main_window.h"
 #include "station_test.h"
-#include "text_forms.h"
+#include "core/text_forms.h"
 
 #include <gtest/gtest.h>
 

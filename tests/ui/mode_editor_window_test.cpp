@@ -1,8 +1,8 @@
 // Form4 and the File menu's mode file commands, driven through named controls, with file
 // dialogs and messages scripted by the dialog double.
-#include "mode_commands.h"
-#include "mode_editor_window.h"
-#include "mode_file.h"
+#include "ui/prediction/mode_commands.h"
+#include "ui/prediction/mode_editor_window.h"
+#include "formats/mode_file.h"
 #include "station_test.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // FormObserver driven through its named controls, with messages read from the dialog double.
-#include "date_value.h"
-#include "observer_window.h"
+#include "core/date_value.h"
+#include "ui/observer/observer_window.h"
 #include "station_test.h"
 
 #include <gtest/gtest.h>

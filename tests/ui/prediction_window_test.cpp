@@ -1,14 +1,14 @@
 // Form3 and its report driven through named controls, and the main window's side of the
 // prediction: the prediction command and the activity line.
-#include "event_report.h"
-#include "image_camera.h"
-#include "main_window.h"
-#include "mode_file.h"
-#include "plot_surface.h"
-#include "prediction_window.h"
-#include "report_options_window.h"
+#include "prediction/event_report.h"
+#include "ui/common/image_camera.h"
+#include "ui/main/main_window.h"
+#include "formats/mode_file.h"
+#include "render/plot_surface.h"
+#include "ui/prediction/prediction_window.h"
+#include "ui/prediction/report_options_window.h"
 #include "station_test.h"
-#include "text_forms.h"
+#include "core/text_forms.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // The About window, the directory chooser and the help commands, driven offscreen through
 // their named controls, with the desktop and the message boxes recorded.
-#include "about_window.h"
-#include "dir_list_window.h"
-#include "help_commands.h"
-#include "station.h"
+#include "ui/common/about_window.h"
+#include "ui/common/dir_list_window.h"
+#include "station/help_commands.h"
+#include "station/station.h"
 
 #include "station_test.h"
 

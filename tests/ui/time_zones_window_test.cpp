@@ -1,5 +1,5 @@
-#include "places.h"
-#include "time_zones_window.h"
+#include "formats/places.h"
+#include "ui/observer/time_zones_window.h"
 
 #include <gtest/gtest.h>
 

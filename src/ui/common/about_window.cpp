@@ -1,8 +1,8 @@
-#include "about_window.h"
+#include "ui/common/about_window.h"
 
-#include "artwork.h"
-#include "help_commands.h"
-#include "station.h"
+#include "render/artwork.h"
+#include "station/help_commands.h"
+#include "station/station.h"
 
 #include <QFrame>
 #include <QHBoxLayout>

@@ -1,6 +1,6 @@
-#include "calendar_window.h"
+#include "ui/common/calendar_window.h"
 
-#include "date_value.h"
+#include "core/date_value.h"
 
 #include <QCalendarWidget>
 #include <QHBoxLayout>

@@ -1,6 +1,6 @@
-#include "date_format_window.h"
+#include "ui/common/date_format_window.h"
 
-#include "settings_store.h"
+#include "station/settings_store.h"
 
 #include <QPushButton>
 #include <QRadioButton>

@@ -1,7 +1,7 @@
-#include "dir_list_window.h"
+#include "ui/common/dir_list_window.h"
 
-#include "shell_paths.h"
-#include "station.h"
+#include "station/shell_paths.h"
+#include "station/station.h"
 
 #include <QComboBox>
 #include <QDir>

@@ -1,6 +1,6 @@
-#include "image_camera.h"
+#include "ui/common/image_camera.h"
 
-#include "plot_surface.h"
+#include "render/plot_surface.h"
 
 #include <QEventLoop>
 #include <QMouseEvent>

@@ -6,7 +6,7 @@
 // Timer1), then show(). Each Timer1 tick reads the clock and refreshes the readout.
 #pragma once
 
-#include "station.h"
+#include "station/station.h"
 
 #include <QMainWindow>
 

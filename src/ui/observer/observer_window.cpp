@@ -1,11 +1,11 @@
-#include "observer_window.h"
+#include "ui/observer/observer_window.h"
 
-#include "numeric.h"
-#include "observer_file.h"
-#include "observer_record.h"
-#include "places.h"
-#include "text_forms.h"
-#include "time_zones_window.h"
+#include "core/numeric.h"
+#include "station/observer_file.h"
+#include "formats/observer_record.h"
+#include "formats/places.h"
+#include "core/text_forms.h"
+#include "ui/observer/time_zones_window.h"
 
 #include <QCheckBox>
 #include <QFileInfo>

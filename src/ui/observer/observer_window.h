@@ -6,7 +6,7 @@
 // closeForms call the main window hands in.
 #pragma once
 
-#include "station.h"
+#include "station/station.h"
 
 #include <QDialog>
 

@@ -1,6 +1,6 @@
-#include "time_zones_window.h"
+#include "ui/observer/time_zones_window.h"
 
-#include "places.h"
+#include "formats/places.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

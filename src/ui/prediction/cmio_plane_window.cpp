@@ -1,12 +1,12 @@
-#include "cmio_plane_window.h"
+#include "ui/prediction/cmio_plane_window.h"
 
-#include "date_value.h"
-#include "image_camera.h"
-#include "numeric.h"
-#include "picture_store.h"
-#include "plane_track.h"
-#include "prob_table.h"
-#include "text_forms.h"
+#include "core/date_value.h"
+#include "ui/common/image_camera.h"
+#include "core/numeric.h"
+#include "render/picture_store.h"
+#include "prediction/plane_track.h"
+#include "prediction/prob_table.h"
+#include "core/text_forms.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>

@@ -6,8 +6,8 @@
 // PlaneShift (0 or 45), brought into 0..360. In real time a 6-second timer moves the marker.
 #pragma once
 
-#include "plot_surface.h"
-#include "station.h"
+#include "render/plot_surface.h"
+#include "station/station.h"
 
 #include <QWidget>
 

@@ -1,7 +1,7 @@
-#include "mode_commands.h"
+#include "ui/prediction/mode_commands.h"
 
-#include "mode_editor_window.h"
-#include "mode_file.h"
+#include "ui/prediction/mode_editor_window.h"
+#include "formats/mode_file.h"
 
 #include <QFileInfo>
 

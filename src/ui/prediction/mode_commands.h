@@ -5,7 +5,7 @@
 // the next change of day.
 #pragma once
 
-#include "station.h"
+#include "station/station.h"
 
 class QWidget;
 

@@ -1,7 +1,7 @@
-#include "mode_editor_window.h"
+#include "ui/prediction/mode_editor_window.h"
 
-#include "error_text.h"
-#include "mode_file.h"
+#include "formats/error_text.h"
+#include "formats/mode_file.h"
 
 #include <QAction>
 #include <QFontDatabase>

@@ -9,7 +9,7 @@
 // rows ends the list, and the tenth row's name is never taken.
 #pragma once
 
-#include "station.h"
+#include "station/station.h"
 
 #include <QDialog>
 #include <QList>

@@ -1,13 +1,13 @@
-#include "prediction_window.h"
+#include "ui/prediction/prediction_window.h"
 
-#include "date_value.h"
-#include "event_report.h"
-#include "image_camera.h"
-#include "numeric.h"
-#include "page_printer.h"
-#include "plot_surface.h"
-#include "text_forms.h"
-#include "time_entry.h"
+#include "core/date_value.h"
+#include "prediction/event_report.h"
+#include "ui/common/image_camera.h"
+#include "core/numeric.h"
+#include "render/page_printer.h"
+#include "render/plot_surface.h"
+#include "core/text_forms.h"
+#include "station/time_entry.h"
 
 #include <QApplication>
 #include <QCloseEvent>

@@ -6,9 +6,9 @@
 // clock) and puts the clock back when it closes.
 #pragma once
 
-#include "prediction.h"
-#include "report_options_window.h"
-#include "station.h"
+#include "prediction/prediction.h"
+#include "ui/prediction/report_options_window.h"
+#include "station/station.h"
 
 #include <QWidget>
 

@@ -1,10 +1,10 @@
-#include "report_options_window.h"
+#include "ui/prediction/report_options_window.h"
 
-#include "date_value.h"
-#include "numeric.h"
-#include "station.h"
-#include "text_forms.h"
-#include "time_entry.h"
+#include "core/date_value.h"
+#include "core/numeric.h"
+#include "station/station.h"
+#include "core/text_forms.h"
+#include "station/time_entry.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
