@@ -1,11 +1,12 @@
 // The station program: fills the program directory, creates the station and opens Form1.
-#include "platform/clock_source.h"
-#include "platform/desktop.h"
-#include "platform/dialogs.h"
-#include "ui/main/main_window.h"
 #include "platform/program_directory.h"
+#include "platform/system_clock.h"
+#include "platform/system_desktop.h"
 #include "station/settings_store.h"
 #include "station/station.h"
+#include "station/version.h"
+#include "ui/common/qt_dialogs.h"
+#include "ui/main/main_window.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -13,7 +14,7 @@
 int main(int argc, char** argv) {
     QApplication::setOrganizationName("Tarvelle");
     QApplication::setApplicationName("Tarvelle");
-    QApplication::setApplicationVersion(TARVELLE_VERSION);
+    QApplication::setApplicationVersion(tarvelle::kVersionText);
     QApplication app(argc, argv);
 
     const QString programDir = tarvelle::DefaultProgramDirectory();
@@ -22,7 +23,7 @@ int main(int argc, char** argv) {
     tarvelle::SettingsStore settings;
     tarvelle::SystemClock clock;
     tarvelle::QtDialogs dialogs;
-    tarvelle::SystemDesktop desktop;
+    tarvelle::SystemDesktop desktop([] { QApplication::beep(); });
     tarvelle::Station station(settings, clock, dialogs, desktop, programDir);
 
     tarvelle::Form1 form(station);

@@ -1,9 +1,8 @@
 #include "cli/cli_commands.h"
 
 #include "core/astro_core.h"
-#include "platform/clock_source.h"
+#include "station/clock_source.h"
 #include "core/date_value.h"
-#include "platform/dialogs.h"
 #include "prediction/event_report.h"
 #include "formats/mode_file.h"
 #include "core/numeric.h"
@@ -11,7 +10,9 @@
 #include "prediction/prediction.h"
 #include "prediction/prob_table.h"
 #include "platform/program_directory.h"
+#include "platform/system_clock.h"
 #include "station/readout.h"
+#include "station/version.h"
 #include "core/text_forms.h"
 
 #include <cstdio>
@@ -57,7 +58,6 @@ std::string Single(float v) {
     return buf;
 }
 
-constexpr const char* kVersionText = "3.8.2";
 
 using Options = std::map<std::string, std::string>;
 
@@ -237,9 +237,7 @@ void LoadModes(ModeTableState& modes, const Options& options) {
         if (!FileExists(path)) path = (BundledDataDirectory() + "/UFMODES.JMF").toStdString();
     }
     modes.ModeFileName = path;
-    ScriptedDialogs quiet;
-    int status = 0;
-    LoadModeFile(modes, status, quiet);
+    const int status = ReadModeFile(modes);
     if (status != 0 || !modes.ModesLoaded)
         throw UsageError("cannot read mode file " + path + " (error " + std::to_string(status) + ")");
 }

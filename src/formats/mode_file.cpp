@@ -1,6 +1,5 @@
 #include "formats/mode_file.h"
 
-#include "formats/error_text.h"
 #include "core/numeric.h"
 #include "core/text_forms.h"
 
@@ -136,12 +135,7 @@ int ReadRecords(const std::string& text, ModeTableState& modes) {
     return 0;
 }
 
-struct WriteFailure {
-    int number = 0;
-    std::string description;
-};
-
-WriteFailure FailureOfErrno(int error, bool opening) {
+FileFailure FailureOfErrno(int error, bool opening) {
     switch (error) {
     case ENOENT:
     case ENOTDIR:
@@ -154,12 +148,12 @@ WriteFailure FailureOfErrno(int error, bool opening) {
     case EISDIR:
         return {kPathFileAccess, "Path/File access error"};
     default:
-        return opening ? WriteFailure{kPathFileAccess, "Path/File access error"}
-                       : WriteFailure{kDeviceIO, "Device I/O error"};
+        return opening ? FileFailure{kPathFileAccess, "Path/File access error"}
+                       : FileFailure{kDeviceIO, "Device I/O error"};
     }
 }
 
-WriteFailure WriteWholeFile(const std::string& path, const std::string& text) {
+FileFailure WriteWholeFile(const std::string& path, const std::string& text) {
     errno = 0;
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     if (!out) return FailureOfErrno(errno, true);
@@ -171,25 +165,15 @@ WriteFailure WriteWholeFile(const std::string& path, const std::string& text) {
     return {};
 }
 
-QString Q(const std::string& s) {
-    return QString::fromStdString(s);
-}
-
 } // namespace
 
-void LoadModeFile(ModeTableState& modes, int& status, Dialogs& dialogs) {
+int ReadModeFile(ModeTableState& modes) {
     for (int i = 1; i <= kMaxModes; ++i) modes.ModeName[i].clear();
     std::string text;
     int error = ReadWholeFile(modes.ModeFileName, text);
     if (error == 0) error = ReadRecords(text, modes);
-    if (error != 0) {
-        dialogs.Message("Error " + QString::number(error) + " Occurred Loading " + Q(modes.ModeFileName) +
-                            "." + kLineEnd + Q(ErrorText(error)),
-                        "FILE ERROR!", MsgButtons::OK, MsgIcon::Exclamation);
-        status = error;
-        return;
-    }
-    modes.ModesLoaded = true;
+    if (error == 0) modes.ModesLoaded = true;
+    return error;
 }
 
 std::string ModeFileText(const ModeTableState& modes) {
@@ -205,14 +189,8 @@ std::string ModeFileText(const ModeTableState& modes) {
     return text;
 }
 
-void SaveModeFile(const ModeTableState& modes, const std::string& path, int& status, Dialogs& dialogs) {
-    const WriteFailure failure = WriteWholeFile(path, ModeFileText(modes));
-    if (failure.number == 0) return;
-    // The message names the current mode file even when path is another.
-    dialogs.Message("Error " + QString::number(failure.number) + " Occurred Saving " + Q(modes.ModeFileName) +
-                        "." + kLineEnd + Q(failure.description),
-                    "FILE ERROR!", MsgButtons::OK, MsgIcon::Exclamation);
-    status = 1;
+FileFailure WriteModeFile(const ModeTableState& modes, const std::string& path) {
+    return WriteWholeFile(path, ModeFileText(modes));
 }
 
 ModeEditRows ModeEditRowsOf(const ModeTableState& modes) {

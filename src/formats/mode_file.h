@@ -12,31 +12,53 @@
 // a blank after every number. The reader takes comma-or-line-delimited fields, so a comma in
 // a name splits it.
 //
-// Usage: the start-up sets ModeFileName and calls LoadModeFile; the File menu commands and the
-// editor (mode_commands.h, mode_editor_window.h) call the rest.
+// Usage: the start-up sets ModeFileName and calls LoadModeFile (station/file_messages.h), which
+// reads with ReadModeFile and tells the user of a failure; the File menu commands and the editor
+// (ui/prediction) call the rest.
 #pragma once
 
-#include "platform/dialogs.h"
-#include "station/prediction_state.h"
-
 #include <array>
+#include <cstdint>
 #include <string>
 
 namespace tarvelle {
 
-// Reads ModeFileName into the table. The names are cleared first, the rows are not; NumModes is
-// the count of records read, at most 10 (the rest of the file is ignored). On a failure (53 no
-// such file, 76 no such folder, 75 no access, 57 a read fault, 62 the file ends inside a record,
-// 13 a field that is not a number, 6 a number beyond 16 bits) it shows the "FILE ERROR!" message,
-// sets status to the error number and leaves ModesLoaded as it was; the records read before the
-// failure stay, and NumModes stays 10 once the file was open. status is untouched on success.
-void LoadModeFile(ModeTableState& modes, int& status, Dialogs& dialogs);
+inline constexpr int kMaxModes = 10;      // the table and the reader
+inline constexpr int kPredictedModes = 6; // the per-minute activity has six mode columns
 
-// Writes exactly six records to path, whatever NumModes is, replacing the file. On a failure it
-// shows the "FILE ERROR!" message, naming ModeFileName, and sets status to 1; untouched on success.
-void SaveModeFile(const ModeTableState& modes, const std::string& path, int& status, Dialogs& dialogs);
+// Columns of a mode's row: the CML range and the Io phase range, whole degrees.
+enum ModeColumn { CML1 = 1, CML2 = 2, IoP1 = 3, IoP2 = 4 };
 
-// The file's bytes as SaveModeFile writes them.
+struct ModeTableState {
+    std::string ModeFileName;
+    int16_t NumModes = 0;
+    std::array<std::string, kMaxModes + 1> ModeName{};             // 1 to 10
+    std::array<std::array<int16_t, 5>, kMaxModes + 1> ModeTable{}; // [mode 1..10][column 1..4]
+    bool ModesLoaded = false;
+
+    // The modes that prediction, reports and automation take: the first six at most.
+    int PredictedModes() const { return NumModes < kPredictedModes ? NumModes : kPredictedModes; }
+};
+
+// Reads ModeFileName into the table and returns 0, or the error number of the failure. The
+// names are cleared first, the rows are not; NumModes is the count of records read, at most 10
+// (the rest of the file is ignored). Failures: 53 no such file, 76 no such folder, 75 no access,
+// 57 a read fault, 62 the file ends inside a record, 13 a field that is not a number, 6 a number
+// beyond 16 bits; ModesLoaded then stays as it was, the records read before the failure stay,
+// and NumModes stays 10 once the file was open. ModesLoaded is set on success.
+int ReadModeFile(ModeTableState& modes);
+
+// A failed write: the error number and the system's words for it.
+struct FileFailure {
+    int number = 0;
+    std::string description;
+};
+
+// Writes exactly six records to path, whatever NumModes is, replacing the file; number 0 when
+// it was written.
+FileFailure WriteModeFile(const ModeTableState& modes, const std::string& path);
+
+// The file's bytes as WriteModeFile writes them.
 std::string ModeFileText(const ModeTableState& modes);
 
 // One row of the editor as typed: the name and the texts of CML1, CML2, IoP1 and IoP2.

@@ -1,4 +1,4 @@
-#include "platform/clock_source.h"
+#include "platform/system_clock.h"
 
 #include "core/date_value.h"
 

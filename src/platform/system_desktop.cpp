@@ -1,6 +1,5 @@
-#include "platform/desktop.h"
+#include "platform/system_desktop.h"
 
-#include <QApplication>
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QProcess>
@@ -29,7 +28,7 @@ bool SystemDesktop::StartProgram(const QString& program, const QStringList& argu
 }
 
 void SystemDesktop::Beep() {
-    QApplication::beep();
+    if (beeper_) beeper_();
 }
 
 } // namespace tarvelle

@@ -1,13 +1,12 @@
 #include "render/page_printer.h"
 
-#include "platform/dialogs.h"
+#include "station/dialogs.h"
 
 #include <QFont>
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
-#include <QPrinter>
-#include <QWidget>
+#include <QPagedPaintDevice>
 
 #include <algorithm>
 
@@ -30,7 +29,7 @@ PagePrinter::Item PagePrinter::Tab(int column) {
     return item;
 }
 
-PagePrinter::PagePrinter() : printer_(std::make_unique<QPrinter>(QPrinter::HighResolution)) {}
+PagePrinter::PagePrinter() = default;
 
 PagePrinter::~PagePrinter() {
     // A printout left open is still finished, as the system would at the end of the run.
@@ -38,38 +37,46 @@ PagePrinter::~PagePrinter() {
 }
 
 bool PagePrinter::ChoosePrinter(Dialogs& dialogs) {
-    return dialogs.ChoosePrinter(*printer_);
+    std::unique_ptr<QPagedPaintDevice> device = dialogs.ChoosePrinter();
+    if (!device) return false;
+    device_ = std::move(device);
+    return true;
 }
-
-void PagePrinter::SetScaleMode(int) {}
 
 void PagePrinter::SetFontSize(float points) {
     if (points > 0.0f) fontSize_ = points;
 }
 
+// Dots per inch of the device; a nominal 1200 while nothing is chosen, so that positions are
+// counted the same way.
 double PagePrinter::Resolution() const {
-    return std::max(printer_->resolution(), 1);
+    return device_ ? std::max(device_->logicalDpiY(), 1) : 1200.0;
+}
+
+QFontMetricsF PagePrinter::Metrics() const {
+    const QFont font = PrinterFont(fontSize_, bold_);
+    return device_ ? QFontMetricsF(font, device_.get()) : QFontMetricsF(font);
 }
 
 double PagePrinter::AverageCharWidth() const {
-    return QFontMetricsF(PrinterFont(fontSize_, bold_), printer_.get()).averageCharWidth() / Resolution();
+    return Metrics().averageCharWidth() / Resolution();
 }
 
 double PagePrinter::LineHeight() const {
-    return QFontMetricsF(PrinterFont(fontSize_, bold_), printer_.get()).lineSpacing() / Resolution();
+    return Metrics().lineSpacing() / Resolution();
 }
 
 double PagePrinter::TextWidth(const QString& text) const {
-    return QFontMetricsF(PrinterFont(fontSize_, bold_), printer_.get()).horizontalAdvance(text) /
+    return Metrics().horizontalAdvance(text) /
            Resolution();
 }
 
 // The painter of the document, started at the first output; null once the printer has failed.
 QPainter* PagePrinter::Painter() {
-    if (failed_ || ended_) return nullptr;
+    if (failed_ || ended_ || !device_) return nullptr;
     if (!painter_) {
         painter_ = std::make_unique<QPainter>();
-        if (!painter_->begin(printer_.get())) {
+        if (!painter_->begin(device_.get())) {
             failed_ = true;
             painter_.reset();
         }
@@ -94,7 +101,7 @@ void PagePrinter::PrintLine(const std::vector<Item>& items) {
             painter->setFont(font);
             painter->setPen(Qt::black);
             const double r = Resolution();
-            painter->drawText(QPointF(x_ * r, y_ * r + QFontMetricsF(font, printer_.get()).ascent()),
+            painter->drawText(QPointF(x_ * r, y_ * r + Metrics().ascent()),
                               item.text);
         }
         x_ += TextWidth(item.text);
@@ -106,7 +113,8 @@ void PagePrinter::PrintLine(const std::vector<Item>& items) {
 void PagePrinter::PrintImage(const QImage& image) {
     if (image.isNull()) return;
     const double r = Resolution();
-    const QRectF paper = printer_->pageRect(QPrinter::Inch);
+    const QRectF paper = device_ ? device_->pageLayout().paintRect(QPageLayout::Inch)
+                                 : QPageLayout().paintRect(QPageLayout::Inch);
     const double roomX = paper.width() - x_, roomY = paper.height() - y_;
     if (roomX <= 0.0 || roomY <= 0.0) return;
     const double scale = std::min(roomX / image.width(), roomY / image.height()); // inches per pixel
@@ -121,7 +129,7 @@ void PagePrinter::PrintImage(const QImage& image) {
 
 void PagePrinter::NewPage() {
     if (ended_) return;
-    if (QPainter* painter = Painter(); painter && !printer_->newPage()) failed_ = true;
+    if (QPainter* painter = Painter(); painter && !device_->newPage()) failed_ = true;
     ++page_;
     x_ = 0.0;
     y_ = 0.0;
@@ -132,10 +140,6 @@ void PagePrinter::EndDocument() {
     if (QPainter* painter = Painter()) painter->end();
     painter_.reset();
     ended_ = true;
-}
-
-void PrintWidgetImage(QWidget& widget, PagePrinter& printer) {
-    printer.PrintImage(widget.grab().toImage());
 }
 
 } // namespace tarvelle

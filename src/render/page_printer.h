@@ -1,10 +1,9 @@
-// The page object of every printout: lines of text placed in inches on a QPrinter, with tab
-// stops counted in average character widths.
+// The page object of every printout: lines of text placed in inches on a printer or a PDF file
+// (any paged paint device), with tab stops counted in average character widths.
 //
 // Sequence of use:
 //   PagePrinter page;
 //   if (!page.ChoosePrinter(station.dialogs)) return;   // cancelled: nothing printed, no message
-//   page.SetScaleMode(PagePrinter::kInches);
 //   page.SetCurrentX(1.0); page.SetCurrentY(0.5);
 //   page.SetFontBold(false); page.SetFontSize(18);
 //   page.PrintLine({"JUPITER EVENT PREDICTIONS", "    ", dateText});
@@ -24,10 +23,10 @@
 #include <memory>
 #include <vector>
 
+class QFontMetricsF;
 class QImage;
 class QPainter;
-class QPrinter;
-class QWidget;
+class QPagedPaintDevice;
 
 namespace tarvelle {
 
@@ -53,7 +52,7 @@ public:
         QString text;
     };
 
-    // On the system's default printer until ChoosePrinter picks another.
+    // Records what would be printed, and prints nothing, until ChoosePrinter picks a device.
     PagePrinter();
     ~PagePrinter();
     PagePrinter(const PagePrinter&) = delete;
@@ -61,10 +60,7 @@ public:
 
     // The system's printer dialog (or the test double's); false when cancelled.
     bool ChoosePrinter(Dialogs& dialogs);
-    QPrinter& Printer() { return *printer_; }
 
-    // Inches are the only mode.
-    void SetScaleMode(int mode);
     int ScaleMode() const { return kInches; }
     void SetCurrentX(double inches) { x_ = inches; }
     void SetCurrentY(double inches) { y_ = inches; }
@@ -98,8 +94,9 @@ public:
 private:
     QPainter* Painter();
     double Resolution() const;
+    QFontMetricsF Metrics() const;
 
-    std::unique_ptr<QPrinter> printer_;
+    std::unique_ptr<QPagedPaintDevice> device_;
     std::unique_ptr<QPainter> painter_;
     bool failed_ = false, ended_ = false;
     double x_ = 0.0, y_ = 0.0;
@@ -109,7 +106,5 @@ private:
     std::vector<Printed> output_;
 };
 
-// The widget's image on a page of its own, scaled to the page.
-void PrintWidgetImage(QWidget& widget, PagePrinter& printer);
 
 } // namespace tarvelle

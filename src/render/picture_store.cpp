@@ -169,9 +169,7 @@ bool SpriteDiscContains(int x, int y) {
     return std::abs(x - kDiscCentreColumn) <= kDiscHalfWidths[static_cast<size_t>(y - 1)];
 }
 
-Form8::Form8(QWidget* parent) : QWidget(parent) {
-    setObjectName(QStringLiteral("Form8"));
-    setWindowTitle(QStringLiteral("Picture Storage"));
+Form8::Form8() {
     DrawAllSky(Pic408);
     DrawDisc(PicSun, RGB(255, 255, 0));
     DrawJupiter(PicJup);

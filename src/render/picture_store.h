@@ -1,5 +1,5 @@
-// Form8, "Picture Storage": the hidden window that holds the fixed pictures of the plots for the
-// whole run. It is created once at start-up and never shown. Every picture is a PlotSurface in
+// Form8, "Picture Storage": the fixed pictures of the plots, created once at start-up and kept
+// for the whole run. Every picture is a PlotSurface in
 // pixel mode; the artwork is drawn here in code, the same on every run.
 //
 //   Pic408             360 x 360 false-colour all-sky picture on dark blue (sky image viewer)
@@ -10,7 +10,6 @@
 
 #include "render/plot_surface.h"
 
-#include <QWidget>
 
 namespace tarvelle {
 
@@ -20,10 +19,9 @@ constexpr int kSpriteSize = 19;
 constexpr int kSpriteDiscPixels = 224;
 bool SpriteDiscContains(int x, int y);
 
-class Form8 : public QWidget {
-    Q_OBJECT
+class Form8 {
 public:
-    explicit Form8(QWidget* parent = nullptr);
+    Form8();
 
     PlotSurface Pic408{360, 360, RGB(0, 0, 96)};
     PlotSurface PicSun{kSpriteSize, kSpriteSize, 0};

@@ -4,7 +4,6 @@
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QImageReader>
-#include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -617,59 +616,6 @@ void PlotSurface::CopyToClipboard() const {
     QClipboard* clipboard = QGuiApplication::clipboard();
     clipboard->clear();
     clipboard->setImage(image_);
-}
-
-// ---- PlotWidget ----
-
-namespace {
-
-int ButtonCode(Qt::MouseButtons buttons) {
-    int code = 0;
-    if (buttons & Qt::LeftButton) code |= 1;
-    if (buttons & Qt::RightButton) code |= 2;
-    if (buttons & Qt::MiddleButton) code |= 4;
-    return code;
-}
-
-} // namespace
-
-PlotWidget::PlotWidget(int widthPx, int heightPx, QWidget* parent)
-    : QWidget(parent), surface_(widthPx, heightPx) {
-    setFixedSize(surface_.PixelWidth(), surface_.PixelHeight());
-    setAttribute(Qt::WA_OpaquePaintEvent);
-    setMouseTracking(true);
-    surface_.SetRefreshHandler([this] { update(); });
-}
-
-void PlotWidget::ResizeSurface(int widthPx, int heightPx) {
-    surface_.ResizeImage(widthPx, heightPx);
-    setFixedSize(surface_.PixelWidth(), surface_.PixelHeight());
-}
-
-void PlotWidget::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    const QImage& shown = surface_.Shown();
-    if (shown.width() < width() || shown.height() < height())
-        painter.fillRect(rect(), QColor(ToQRgb(surface_.BackColour())));
-    painter.drawImage(0, 0, shown);
-}
-
-void PlotWidget::mousePressEvent(QMouseEvent* event) {
-    const ScaleFrame f = surface_.Frame();
-    emit mouseDown(ButtonCode(event->button()), static_cast<float>(f.FromPixelX(event->position().x())),
-                   static_cast<float>(f.FromPixelY(event->position().y())));
-}
-
-void PlotWidget::mouseMoveEvent(QMouseEvent* event) {
-    const ScaleFrame f = surface_.Frame();
-    emit mouseMove(ButtonCode(event->buttons()), static_cast<float>(f.FromPixelX(event->position().x())),
-                   static_cast<float>(f.FromPixelY(event->position().y())));
-}
-
-void PlotWidget::mouseReleaseEvent(QMouseEvent* event) {
-    const ScaleFrame f = surface_.Frame();
-    emit mouseUp(ButtonCode(event->button()), static_cast<float>(f.FromPixelX(event->position().x())),
-                 static_cast<float>(f.FromPixelY(event->position().y())));
 }
 
 // ---- Sprites and the rubber band ----

@@ -2,7 +2,7 @@
 // a fill and a font, drawn on by plain operations and shown in its window only on Refresh.
 //
 // Sequence of use:
-//   PlotWidget* picture = new PlotWidget(360, 200, this);   // the surface on the screen
+//   PlotWidget* picture = new PlotWidget(360, 200, this);   // on the screen (ui/common/plot_widget.h)
 //   PlotSurface& s = picture->Surface();
 //   s.SetScale(0, 90, 360, -10);                            // user frame, y up
 //   s.Clear();                                              // background; current point (0, 0)
@@ -19,7 +19,6 @@
 #include <QImage>
 #include <QRectF>
 #include <QString>
-#include <QWidget>
 
 #include <functional>
 
@@ -187,32 +186,6 @@ private:
     float fontSize_ = 8.0f;
     bool fontBold_ = false;
     std::function<void()> refreshHandler_;
-};
-
-// A surface on the screen at 1:1. Mouse events come out in the surface's coordinates of the
-// moment: button 1 left, 2 right, 4 middle; for a move, the buttons held, added together.
-class PlotWidget : public QWidget {
-    Q_OBJECT
-public:
-    PlotWidget(int widthPx, int heightPx, QWidget* parent = nullptr);
-    PlotSurface& Surface() { return surface_; }
-    const PlotSurface& Surface() const { return surface_; }
-    // New size of the image and of the widget with it.
-    void ResizeSurface(int widthPx, int heightPx);
-
-signals:
-    void mouseDown(int button, float x, float y);
-    void mouseMove(int button, float x, float y);
-    void mouseUp(int button, float x, float y);
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-
-private:
-    PlotSurface surface_;
 };
 
 // A sprite put on a plot whose image is redrawn at every update: mask with AND, then sprite

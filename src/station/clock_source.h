@@ -15,20 +15,4 @@ public:
     virtual double ClockTimeZoneBias() const = 0;
 };
 
-// The real clock: QDateTime and the system time zone.
-class SystemClock final : public ClockSource {
-public:
-    double LocalNow() const override;
-    double ClockTimeZoneBias() const override;
-};
-
-// A clock the test sets by hand.
-class FakeClock final : public ClockSource {
-public:
-    double local = 0.0;
-    double biasHours = 0.0;
-    double LocalNow() const override { return local; }
-    double ClockTimeZoneBias() const override { return biasHours; }
-};
-
 } // namespace tarvelle

@@ -19,33 +19,4 @@ public:
     virtual void Beep() = 0;
 };
 
-class SystemDesktop final : public Desktop {
-public:
-    bool OpenDocument(const QString& pathOrAddress) override;
-    bool ShowTextFile(const QString& path) override;
-    bool StartProgram(const QString& program, const QStringList& arguments) override;
-    void Beep() override;
-};
-
-// Records what was asked of the desktop.
-class RecordingDesktop final : public Desktop {
-public:
-    QStringList opened, shown, started;
-    int beeps = 0;
-    bool succeed = true;
-    bool OpenDocument(const QString& p) override {
-        opened << p;
-        return succeed;
-    }
-    bool ShowTextFile(const QString& p) override {
-        shown << p;
-        return succeed;
-    }
-    bool StartProgram(const QString& program, const QStringList& args) override {
-        started << (program + (args.isEmpty() ? QString() : " " + args.join(' ')));
-        return succeed;
-    }
-    void Beep() override { ++beeps; }
-};
-
 } // namespace tarvelle

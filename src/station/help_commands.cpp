@@ -1,6 +1,7 @@
 #include "station/help_commands.h"
 
 #include "station/station.h"
+#include "station/version.h"
 
 namespace tarvelle {
 
@@ -18,7 +19,7 @@ bool OpenDocument(Desktop& desktop, const QString& target) {
 }
 
 QString MakerWebAddress() {
-    return QStringLiteral(TARVELLE_WEB_ADDRESS);
+    return QString::fromUtf8(kWebAddress);
 }
 
 bool OpenInBrowser(Station& station, const QString& target) {

@@ -2,6 +2,8 @@
 // a mode file, the per-minute tables of the day last predicted, and the activity tables.
 #pragma once
 
+#include "formats/mode_file.h"
+
 #include <array>
 #include <cstdint>
 #include <string>
@@ -9,23 +11,7 @@
 
 namespace tarvelle {
 
-inline constexpr int kMaxModes = 10;       // the table and the reader
-inline constexpr int kPredictedModes = 6;  // the per-minute activity has six mode columns
 inline constexpr int kMinutesPerDay = 1440;
-
-// Columns of a mode's row: the CML range and the Io phase range, whole degrees.
-enum ModeColumn { CML1 = 1, CML2 = 2, IoP1 = 3, IoP2 = 4 };
-
-struct ModeTableState {
-    std::string ModeFileName;
-    int16_t NumModes = 0;
-    std::array<std::string, kMaxModes + 1> ModeName{};                 // 1 to 10
-    std::array<std::array<int16_t, 5>, kMaxModes + 1> ModeTable{};     // [mode 1..10][column 1..4]
-    bool ModesLoaded = false;
-
-    // The modes that prediction, reports and automation take: the first six at most.
-    int PredictedModes() const { return NumModes < kPredictedModes ? NumModes : kPredictedModes; }
-};
 
 // Rows 0 to 1440 of the day last predicted; row 0 stays zero.
 struct MinuteTables {

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "core/astro_core.h"
-#include "platform/clock_source.h"
-#include "platform/desktop.h"
-#include "platform/dialogs.h"
+#include "station/clock_source.h"
+#include "station/desktop.h"
+#include "station/dialogs.h"
 #include "core/fixed_snapshot.h"
 #include "station/prediction_state.h"
 #include "station/settings_store.h"

@@ -1,5 +1,7 @@
 // Mode files read and written through real files, and the editor's read-back of its rows.
 #include "formats/mode_file.h"
+#include "station/file_messages.h"
+#include "doubles.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Observer texts and the observer file: awkward input must read as an observer means it.
-#include "platform/dialogs.h"
-#include "station/observer_file.h"
+#include "doubles.h"
+#include "station/file_messages.h"
 #include "formats/observer_record.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,6 @@
-// The seams' real parts that can run here: the program directory, the clock, file filters.
-#include "platform/clock_source.h"
-#include "platform/dialogs.h"
+// The seams' real parts that can run here: the program directory and the clock.
 #include "platform/program_directory.h"
+#include "platform/system_clock.h"
 
 #include <gtest/gtest.h>
 
@@ -63,26 +62,4 @@ TEST(SystemClock, AgreesWithTheSystemZoneAndReadsWholeSeconds) {
     const auto seconds = static_cast<double>(QDateTime::currentDateTime().toSecsSinceEpoch());
     const double expected = seconds / 86400.0 + 25569.0 + offset / 86400.0;
     EXPECT_NEAR(now, expected, 3.0 / 86400.0);
-}
-
-TEST(QtDialogs, FiltersBecomeQtNameFilters) {
-    EXPECT_EQ(QtDialogs::QtFilter("Observer File|*.obs|Any|*.*"), "Observer File (*.obs);;Any (*.*)");
-    EXPECT_EQ(QtDialogs::QtFilter("Pictures|*.bmp;*.gif"), "Pictures (*.bmp *.gif)");
-}
-
-TEST(ScriptedDialogs, AnswersInOrderThenDefaults) {
-    ScriptedDialogs d;
-    d.answers = {MsgAnswer::Cancel};
-    d.inputs = {QString("12:00:00")};
-    d.paths = {"/tmp/a.obs", ""};
-    EXPECT_EQ(d.Message("a", "t", MsgButtons::OKCancel, MsgIcon::None), MsgAnswer::Cancel);
-    EXPECT_EQ(d.Message("b", "t", MsgButtons::OKCancel, MsgIcon::None), MsgAnswer::OK);
-    EXPECT_EQ(d.Message("c", "t", MsgButtons::YesNo, MsgIcon::Question), MsgAnswer::Yes);
-    EXPECT_EQ(d.Input("p", "t", ""), QString("12:00:00"));
-    EXPECT_FALSE(d.Input("p", "t", ""));
-    EXPECT_EQ(d.OpenFile("t", "", ""), "/tmp/a.obs");
-    EXPECT_EQ(d.SaveFile("t", "", ""), "");
-    EXPECT_EQ(d.ChooseDirectory("t", ""), "");
-    ASSERT_EQ(d.messages.size(), 3u);
-    EXPECT_EQ(d.messages[2].icon, MsgIcon::Question);
 }

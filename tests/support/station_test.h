@@ -3,10 +3,10 @@
 // west of Greenwich), and doubles of the dialogs and the desktop.
 #pragma once
 
-#include "platform/clock_source.h"
+#include "doubles.h"
 #include "core/date_value.h"
-#include "platform/desktop.h"
-#include "platform/dialogs.h"
+#include "station/desktop.h"
+#include "station/dialogs.h"
 #include "station/settings_store.h"
 #include "station/station.h"
 

@@ -1,5 +1,7 @@
 // Form3 and its report driven through named controls, and the main window's side of the
 // prediction: the prediction command and the activity line.
+#include "station/file_messages.h"
+#include "ui/common/plot_widget.h"
 #include "prediction/event_report.h"
 #include "ui/common/image_camera.h"
 #include "ui/main/main_window.h"

@@ -1,5 +1,6 @@
 // The About window, the directory chooser and the help commands, driven offscreen through
 // their named controls, with the desktop and the message boxes recorded.
+#include "ui/common/qt_dialogs.h"
 #include "ui/common/about_window.h"
 #include "ui/common/dir_list_window.h"
 #include "station/help_commands.h"
@@ -221,4 +222,9 @@ TEST_F(ShellWindowsTest, DirListCancelKeepsSelectedDir) {
     EXPECT_EQ(station->SelectedDir, dir.path());
     EXPECT_EQ(chooser.result(), QDialog::Rejected);
     EXPECT_FALSE(chooser.isVisible());
+}
+
+TEST(QtDialogs, FiltersBecomeQtNameFilters) {
+    EXPECT_EQ(QtDialogs::QtFilter("Observer File|*.obs|Any|*.*"), "Observer File (*.obs);;Any (*.*)");
+    EXPECT_EQ(QtDialogs::QtFilter("Pictures|*.bmp;*.gif"), "Pictures (*.bmp *.gif)");
 }

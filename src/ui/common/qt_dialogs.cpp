@@ -1,4 +1,4 @@
-#include "platform/dialogs.h"
+#include "ui/common/qt_dialogs.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -66,8 +66,12 @@ MsgAnswer AnswerOf(int button) {
 
 } // namespace
 
+QWidget* QtDialogs::Parent() const {
+    return parent_ ? parent_ : QApplication::activeWindow();
+}
+
 MsgAnswer QtDialogs::Message(const QString& text, const QString& title, MsgButtons buttons, MsgIcon icon) {
-    QWidget* parent = parent_ ? parent_ : QApplication::activeWindow();
+    QWidget* parent = Parent();
     QMessageBox box(IconOf(icon), title.isEmpty() ? QApplication::applicationName() : title, text,
                     ButtonsOf(buttons), parent);
     return AnswerOf(box.exec());
@@ -75,7 +79,7 @@ MsgAnswer QtDialogs::Message(const QString& text, const QString& title, MsgButto
 
 std::optional<QString> QtDialogs::Input(const QString& prompt, const QString& title, const QString& initial) {
     bool ok = false;
-    QWidget* parent = parent_ ? parent_ : QApplication::activeWindow();
+    QWidget* parent = Parent();
     const QString text = QInputDialog::getText(parent, title, prompt, QLineEdit::Normal, initial, &ok);
     if (!ok) return std::nullopt;
     return text;
@@ -90,61 +94,26 @@ QString QtDialogs::QtFilter(const QString& filter) {
 }
 
 QString QtDialogs::OpenFile(const QString& title, const QString& filter, const QString& start) {
-    QWidget* parent = parent_ ? parent_ : QApplication::activeWindow();
+    QWidget* parent = Parent();
     return QFileDialog::getOpenFileName(parent, title, start, QtFilter(filter));
 }
 
 QString QtDialogs::SaveFile(const QString& title, const QString& filter, const QString& start) {
-    QWidget* parent = parent_ ? parent_ : QApplication::activeWindow();
+    QWidget* parent = Parent();
     return QFileDialog::getSaveFileName(parent, title, start, QtFilter(filter));
 }
 
 QString QtDialogs::ChooseDirectory(const QString& title, const QString& start) {
-    QWidget* parent = parent_ ? parent_ : QApplication::activeWindow();
+    QWidget* parent = Parent();
     return QFileDialog::getExistingDirectory(parent, title, start);
 }
 
-bool QtDialogs::ChoosePrinter(QPrinter& printer) {
-    QPrintDialog dialog(&printer, parent_ ? parent_ : QApplication::activeWindow());
-    return dialog.exec() == QDialog::Accepted;
-}
-
-MsgAnswer ScriptedDialogs::Message(const QString& text, const QString& title, MsgButtons buttons,
-                                   MsgIcon icon) {
-    messages.push_back({text, title, buttons, icon});
-    if (!answers.empty()) {
-        const MsgAnswer a = answers.front();
-        answers.erase(answers.begin());
-        return a;
-    }
-    return (buttons == MsgButtons::YesNo || buttons == MsgButtons::YesNoCancel) ? MsgAnswer::Yes
-                                                                                : MsgAnswer::OK;
-}
-
-std::optional<QString> ScriptedDialogs::Input(const QString&, const QString&, const QString&) {
-    if (nextInput >= inputs.size()) return std::nullopt;
-    return inputs[nextInput++];
-}
-
-QString ScriptedDialogs::NextPath() {
-    return paths.isEmpty() ? QString() : paths.takeFirst();
-}
-QString ScriptedDialogs::OpenFile(const QString&, const QString&, const QString&) {
-    return NextPath();
-}
-QString ScriptedDialogs::SaveFile(const QString&, const QString&, const QString&) {
-    return NextPath();
-}
-QString ScriptedDialogs::ChooseDirectory(const QString&, const QString&) {
-    return NextPath();
-}
-
-bool ScriptedDialogs::ChoosePrinter(QPrinter& printer) {
-    ++printDialogs;
-    if (printToPdf.isEmpty()) return false;
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(printToPdf);
-    return true;
+std::unique_ptr<QPagedPaintDevice> QtDialogs::ChoosePrinter() {
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    // With no printer installed the dialog offers a PDF file instead.
+    QPrintDialog dialog(printer.get(), Parent());
+    if (dialog.exec() != QDialog::Accepted) return nullptr;
+    return printer;
 }
 
 } // namespace tarvelle

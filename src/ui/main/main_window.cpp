@@ -14,11 +14,12 @@
 #include "ui/prediction/prediction_window.h"
 #include "prediction/prob_table.h"
 #include "core/numeric.h"
-#include "station/observer_file.h"
+#include "station/file_messages.h"
 #include "ui/observer/observer_window.h"
 #include "station/readout.h"
 #include "core/text_forms.h"
 #include "station/time_entry.h"
+#include "station/version.h"
 
 #include <QAction>
 #include <QApplication>
@@ -37,12 +38,6 @@
 #include <QVBoxLayout>
 
 #include <cmath>
-
-#ifndef TARVELLE_VERSION_MAJOR
-#define TARVELLE_VERSION_MAJOR 3
-#define TARVELLE_VERSION_MINOR 8
-#define TARVELLE_VERSION_PATCH 2
-#endif
 
 namespace tarvelle {
 
@@ -385,8 +380,8 @@ void Form1::Load() {
     LoadProbTable();
     st_.settings.save("Settings", "AppPath", st_.programDir);
     titleText_ = "Tarvelle";
-    versionText_ = std::to_string(TARVELLE_VERSION_MAJOR) + "." + std::to_string(TARVELLE_VERSION_MINOR) +
-                   "." + std::to_string(TARVELLE_VERSION_PATCH);
+    versionText_ = std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +
+                   std::to_string(kVersionPatch);
     st_.VersionText = versionText_;
     core_.DateFormatChoice = static_cast<int>(
         RoundHalfEven(PlainNumber(st_.settings.get("Settings", "DFormat", "0").toStdString())));
@@ -426,7 +421,7 @@ void Form1::Load() {
     ArrangeDateBoxes();
     FillObLabel();
     titleText_ =
-        TitleWithVersion(titleText_, TARVELLE_VERSION_MAJOR, TARVELLE_VERSION_MINOR, TARVELLE_VERSION_PATCH);
+        TitleWithVersion(titleText_, kVersionMajor, kVersionMinor, kVersionPatch);
 }
 
 void Form1::Timer1Tick() {
@@ -728,7 +723,7 @@ void Form1::CloseForms() {
         const Qt::WindowType type = w->windowType();
         if (w == this || !w->isVisible() || (type != Qt::Window && type != Qt::Dialog)) continue;
         const QString name = w->objectName();
-        if (name == "Form8" || name == "FormObserver") continue;
+        if (name == "FormObserver") continue;
         w->close();
     }
 }
@@ -749,9 +744,7 @@ void Form1::RegisterViewWindow(QWidget* window, QAction* displayItem, QAction* w
 
 void Form1::LoadPictureStore() {
     if (form8_) return;
-    form8_ = new Form8(this);
-    form8_->setWindowFlag(Qt::Window); // a hidden window of its own, never shown
-    form8_->hide();
+    form8_ = std::make_unique<Form8>();
 }
 
 void Form1::LoadModeFile() {

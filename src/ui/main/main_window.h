@@ -8,7 +8,11 @@
 
 #include "station/station.h"
 
+#include "render/picture_store.h"
+
 #include <QMainWindow>
+
+#include <memory>
 
 #include <optional>
 #include <string>
@@ -117,7 +121,7 @@ private:
     bool calendarCancelled_ = false;
 
     QTimer* timer1_ = nullptr;
-    class Form8* form8_ = nullptr;
+    std::unique_ptr<Form8> form8_;
     QWidget* buttonRow_ = nullptr;
     QWidget* datePanel_ = nullptr;
 
@@ -142,7 +146,7 @@ public:
     QAction *MnuCMIOPlaneMap = nullptr, *MnuWindowCMIOPlane = nullptr;
     QAction *MnuLoadModeFile = nullptr, *MnuSaveModeFile = nullptr, *MnuEditModeFile = nullptr;
     QLabel* PicJupIcon = nullptr; // shown while a mode is active
-    class Form8* PictureStore() const { return form8_; }
+    Form8* PictureStore() const { return form8_.get(); }
 };
 
 } // namespace tarvelle

@@ -1,7 +1,7 @@
 #include "ui/observer/observer_window.h"
 
 #include "core/numeric.h"
-#include "station/observer_file.h"
+#include "station/file_messages.h"
 #include "formats/observer_record.h"
 #include "formats/places.h"
 #include "core/text_forms.h"

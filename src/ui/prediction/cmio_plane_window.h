@@ -6,7 +6,7 @@
 // PlaneShift (0 or 45), brought into 0..360. In real time a 6-second timer moves the marker.
 #pragma once
 
-#include "render/plot_surface.h"
+#include "ui/common/plot_widget.h"
 #include "station/station.h"
 
 #include <QWidget>

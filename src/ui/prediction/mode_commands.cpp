@@ -2,6 +2,7 @@
 
 #include "ui/prediction/mode_editor_window.h"
 #include "formats/mode_file.h"
+#include "station/file_messages.h"
 
 #include <QFileInfo>
 

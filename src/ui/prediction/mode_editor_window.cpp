@@ -2,6 +2,7 @@
 
 #include "formats/error_text.h"
 #include "formats/mode_file.h"
+#include "station/file_messages.h"
 
 #include <QAction>
 #include <QFontDatabase>
@@ -13,7 +14,7 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QPixmap>
-#include <QPrinter>
+#include <QPagedPaintDevice>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -142,11 +143,11 @@ void Form4::CmdSaveClick() {
 }
 
 void Form4::MnuPrintClick() {
-    QPrinter printer(QPrinter::HighResolution);
-    if (!st_.dialogs.ChoosePrinter(printer)) return;
+    const std::unique_ptr<QPagedPaintDevice> printer = st_.dialogs.ChoosePrinter();
+    if (!printer) return;
     const QPixmap image = grab();
     QPainter painter;
-    if (image.isNull() || !painter.begin(&printer)) {
+    if (image.isNull() || !painter.begin(printer.get())) {
         st_.dialogs.Message(Q(ErrorText(482)), "Print", MsgButtons::OK, MsgIcon::Exclamation);
         return;
     }

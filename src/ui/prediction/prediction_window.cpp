@@ -1,5 +1,7 @@
 #include "ui/prediction/prediction_window.h"
 
+#include "ui/common/plot_widget.h"
+
 #include "core/date_value.h"
 #include "prediction/event_report.h"
 #include "ui/common/image_camera.h"
@@ -442,7 +444,6 @@ void Form3::GridActions(int row, int column) {
 void Form3::CmdPredictPrintClick() {
     PagePrinter printer;
     if (!printer.ChoosePrinter(st_.dialogs)) return;
-    printer.SetScaleMode(PagePrinter::kInches);
     printer.SetCurrentX(1.0);
     printer.SetCurrentY(0.5);
     printer.SetFontBold(false);
