@@ -9,6 +9,7 @@
 #include "core/fixed_snapshot.h"
 #include "station/prediction_state.h"
 #include "station/settings_store.h"
+#include "station/station_model.h"
 
 #include <QString>
 
@@ -41,6 +42,8 @@ struct Station {
     ProbabilityTable ProbTable; // filled once at start-up
     AutomationLimits automation;
     ServerSchedule server;
+
+    StationModel model; // what changed, for the windows that listen
 
     SettingsStore& settings;
     ClockSource& clock;

@@ -36,7 +36,8 @@ protected:
         station->ReadClock();
         c.UpdateSiderealTime();
         c.BuildDayTables(c.CurrentUT);
-        form = std::make_unique<FormObserver>(*station, [this] { ++closeForms; });
+        form = std::make_unique<FormObserver>(*station);
+        QObject::connect(&station->model, &StationModel::closeViews, [this] { ++closeForms; });
     }
     void Write(const char* name, const char* content) { WriteFile(name, content); }
     QString Read(const QString& path) { return ReadFile(path); }

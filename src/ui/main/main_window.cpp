@@ -445,6 +445,7 @@ void Form1::Timer1Tick() {
     DisplayTimes();
     core_.UpdatePositions();
     DisplayInfo();
+    st_.model.Tick();
     if (st_.server.PushJIS != 0 && st_.clock.LocalNow() > st_.server.LastJISSend + st_.server.JISMin / 1440.0)
         SendJISInfo();
     if (!core_.ShuttingDown) timer1_->start();
@@ -674,7 +675,7 @@ void Form1::mnuDateFormatClick() {
 }
 
 void Form1::mnuObserverClick() {
-    FormObserver observer(st_, [this] { CloseForms(); }, this);
+    FormObserver observer(st_, this);
     observer.exec();
     FillObLabel();
 }
@@ -717,15 +718,7 @@ QString Form1::ParseTimeText(const QString& text) {
 }
 
 void Form1::CloseForms() {
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (qsizetype i = windows.size() - 1; i >= 0; --i) {
-        QWidget* w = windows[i];
-        const Qt::WindowType type = w->windowType();
-        if (w == this || !w->isVisible() || (type != Qt::Window && type != Qt::Dialog)) continue;
-        const QString name = w->objectName();
-        if (name == "FormObserver") continue;
-        w->close();
-    }
+    st_.model.CloseViews();
 }
 
 void Form1::RegisterViewWindow(QWidget* window, QAction* displayItem, QAction* windowEntry) {

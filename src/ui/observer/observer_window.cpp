@@ -32,8 +32,8 @@ constexpr const char* kObserverFilter = "Observer File|*.obs|Any|*.*";
 
 } // namespace
 
-FormObserver::FormObserver(Station& station, std::function<void()> closeForms, QWidget* parent)
-    : QDialog(parent), st_(station), core_(station.core), closeForms_(std::move(closeForms)) {
+FormObserver::FormObserver(Station& station, QWidget* parent)
+    : QDialog(parent), st_(station), core_(station.core) {
     setObjectName("FormObserver");
     setWindowTitle("Observer Parameters");
     BuildControls();
@@ -259,7 +259,8 @@ void FormObserver::UpdateValues(bool& done) {
     } else {
         core_.BuildDayTables(st_.fixed.FixedUT);
     }
-    if (closeForms_) closeForms_();
+    st_.model.ObserverChanged();
+    st_.model.CloseViews();
     ShowValues();
 }
 

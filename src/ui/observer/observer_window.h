@@ -2,8 +2,8 @@
 // east, time zone, the zone the computer's clock runs on), loads and saves record files,
 // and picks places from a city list, a world map or a picture of the time zones.
 //
-// Applying a change rebuilds the day tables and closes the other windows through the
-// closeForms call the main window hands in.
+// Applying a change rebuilds the day tables, announces the new observer and closes the open
+// views (through the station model).
 #pragma once
 
 #include "station/station.h"
@@ -24,7 +24,7 @@ namespace tarvelle {
 class FormObserver : public QDialog {
     Q_OBJECT
 public:
-    FormObserver(Station& station, std::function<void()> closeForms, QWidget* parent = nullptr);
+    explicit FormObserver(Station& station, QWidget* parent = nullptr);
 
     // Validates and applies the boxes; done is false when a value was refused.
     void UpdateValues(bool& done);
@@ -67,7 +67,6 @@ private:
 
     Station& st_;
     Core& core_;
-    std::function<void()> closeForms_;
 
     // The values shown when the window opened.
     std::string openLatText_, openLngText_;

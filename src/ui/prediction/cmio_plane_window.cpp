@@ -35,7 +35,7 @@ QString Q(const std::string& s) { return QString::fromStdString(s); }
 
 FormCMIoPlane::FormCMIoPlane(Station& station, Form8& pictures, std::function<void()> startMainTimer,
                              std::function<void()> onClosed, QWidget* parent)
-    : QWidget(parent, Qt::Window), st_(station), core_(station.core), pictures_(pictures),
+    : StationWindow(station, parent), pictures_(pictures),
       startMainTimer_(std::move(startMainTimer)), onClosed_(std::move(onClosed)) {
     setObjectName("FormCMIoPlane");
     setMouseTracking(true);

@@ -8,6 +8,7 @@
 
 #include "ui/common/plot_widget.h"
 #include "station/station.h"
+#include "ui/common/station_window.h"
 
 #include <QWidget>
 
@@ -24,7 +25,7 @@ namespace tarvelle {
 class Form8;
 class ImageCamera;
 
-class FormCMIoPlane : public QWidget {
+class FormCMIoPlane : public StationWindow {
     Q_OBJECT
 public:
     // pictures holds the Jupiter sprite, its mask and the save-under block; startMainTimer
@@ -71,8 +72,6 @@ private:
     void Redraw();
     void SetProbabilityLabels(float cml, float io);
 
-    Station& st_;
-    Core& core_;
     Form8& pictures_;
     std::function<void()> startMainTimer_, onClosed_;
 };

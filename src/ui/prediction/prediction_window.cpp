@@ -56,7 +56,7 @@ int ModeColour(int mode) {
 }
 
 Form3::Form3(Station& station, std::function<void()> stopMainTimer, std::function<void()> onClosed, QWidget* parent)
-    : QWidget(parent, Qt::Window), st_(station), core_(station.core), stopMainTimer_(std::move(stopMainTimer)),
+    : StationWindow(station, parent), stopMainTimer_(std::move(stopMainTimer)),
       onClosed_(std::move(onClosed)) {
     setObjectName("Form3");
     setWindowTitle("Jupiter Radio Noise Storm Predictions");

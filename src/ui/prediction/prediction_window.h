@@ -9,6 +9,7 @@
 #include "prediction/prediction.h"
 #include "ui/prediction/report_options_window.h"
 #include "station/station.h"
+#include "ui/common/station_window.h"
 
 #include <QWidget>
 
@@ -24,7 +25,7 @@ namespace tarvelle {
 
 class PlotWidget;
 
-class Form3 : public QWidget {
+class Form3 : public StationWindow {
     Q_OBJECT
 public:
     // stopMainTimer stops the main window's Timer1; onClosed runs when the window closes.
@@ -79,8 +80,6 @@ private:
     ReportExclusions Exclusions() const;
     QString ReportPath();
 
-    Station& st_;
-    Core& core_;
     std::function<void()> stopMainTimer_, onClosed_;
 
     PredictionGrid grid_;
