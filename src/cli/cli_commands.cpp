@@ -1,5 +1,7 @@
 #include "cli/cli_commands.h"
 
+#include "cli/cli_support.h"
+
 #include "core/astro_core.h"
 #include "station/clock_source.h"
 #include "core/date_value.h"
@@ -28,111 +30,12 @@ namespace tarvelle {
 
 namespace {
 
-struct UsageError : std::runtime_error {
-    using std::runtime_error::runtime_error;
-};
-
-constexpr const char* kUsage =
-    "usage: tarvelle-cli positions --ut \"YYYY-MM-DD HH:MM:SS\" [observer]\n"
-    "       tarvelle-cli daytables --date YYYY-MM-DD [observer]\n"
-    "       tarvelle-cli readout [--ut \"YYYY-MM-DD HH:MM:SS\"] [observer]\n"
-    "       tarvelle-cli predict --date YYYY-MM-DD [--modes FILE] [exclusions] [--tables] [observer]\n"
-    "       tarvelle-cli report --from YYYY-MM-DD --to YYYY-MM-DD --out FILE [--modes FILE]\n"
-    "                    [--min-duration N] [--no-header] [--io-only] [--no-none] [--hour-angle]\n"
-    "                    [--date-format 0|1|2] [exclusions] [observer]\n"
-    "       tarvelle-cli probability --io DEGREES --cml DEGREES | --dump\n"
-    "exclusions: --jup-alt-min X --sun-alt-max Y --min-ha H --max-ha H (texts as typed; defaults 0 0 -6 6)\n"
-    "modes: default UFMODES.JMF of the program directory, else of the bundled data\n"
-    "observer: --observer FILE, or --lat TEXT --lng TEXT --tz HOURS (longitude west);\n"
-    "          default: viewer.obs of the program directory";
-
-std::string Double(double v) {
-    char buf[40];
-    std::snprintf(buf, sizeof buf, "%.17g", v);
-    return buf;
+// A command that writes only to standard output.
+template <typename F>
+std::function<int(const Options&, std::ostream&, std::ostream&)> Ignoring(F f) {
+    return [f](const Options& o, std::ostream& out, std::ostream&) { return f(o, out); };
 }
 
-std::string Single(float v) {
-    char buf[40];
-    std::snprintf(buf, sizeof buf, "%.9g", static_cast<double>(v));
-    return buf;
-}
-
-
-using Options = std::map<std::string, std::string>;
-
-// Options that stand alone, without a value.
-const std::set<std::string> kFlags = {"--tables",  "--no-header",  "--io-only",
-                                      "--no-none", "--hour-angle", "--dump"};
-
-Options ParseOptions(const std::vector<std::string>& args, size_t from) {
-    Options options;
-    for (size_t i = from; i < args.size(); ++i) {
-        const std::string& a = args[i];
-        if (a.rfind("--", 0) != 0) throw UsageError("unexpected argument '" + a + "'");
-        if (kFlags.count(a)) {
-            options[a.substr(2)] = "1";
-            continue;
-        }
-        if (i + 1 >= args.size()) throw UsageError("option " + a + " needs a value");
-        options[a.substr(2)] = args[++i];
-    }
-    return options;
-}
-
-void RequireOnly(const Options& options, std::initializer_list<const char*> allowed) {
-    for (const auto& [key, value] : options) {
-        bool ok = false;
-        for (const char* name : allowed) ok = ok || key == name;
-        if (!ok) throw UsageError("unknown option --" + key);
-    }
-}
-
-void SetObserver(Core& core, std::string lat, std::string lng, const std::string& tz) {
-    const double latitude = ParseLatitude(lat);
-    const double longitude = ParseLongitude(lng);
-    if (latitude == kRejected) throw UsageError("latitude '" + lat + "' is not valid");
-    if (longitude == kRejected) throw UsageError("longitude '" + lng + "' is not valid");
-    core.ObLatText = lat;
-    core.ObLngText = lng;
-    core.ObsLatitude = static_cast<float>(latitude);
-    core.ObsLongitude = static_cast<float>(longitude);
-    core.ObsTZ = ValueOfText(tz);
-}
-
-void LoadObserver(Core& core, const Options& options) {
-    const bool byTexts = options.count("lat") || options.count("lng") || options.count("tz");
-    if (byTexts) {
-        if (!options.count("lat") || !options.count("lng")) throw UsageError("--lat and --lng go together");
-        SetObserver(core, options.at("lat"), options.at("lng"), options.count("tz") ? options.at("tz") : "0");
-        return;
-    }
-    std::string path;
-    if (options.count("observer")) {
-        path = options.at("observer");
-    } else {
-        path = (DefaultProgramDirectory() + "viewer.obs").toStdString();
-        if (!FileExists(path)) path = (BundledDataDirectory() + "/viewer.obs").toStdString();
-    }
-    int errorNumber = 0;
-    const auto contents = ReadObserverFile(path, errorNumber);
-    if (!contents)
-        throw UsageError("cannot read observer file " + path + " (error " + std::to_string(errorNumber) +
-                         ")");
-    core.ObFileName = path;
-    SetObserver(core, contents->latitudeText, contents->longitudeText, contents->timeZoneText);
-}
-
-double RequireInstant(const Options& options, const char* key, bool withTime) {
-    if (!options.count(key)) throw UsageError(std::string("--") + key + " is required");
-    const std::string& text = options.at(key);
-    const auto value = ParseIsoDateTime(text);
-    const bool hasTime = text.find(':') != std::string::npos;
-    if (!value || hasTime != withTime)
-        throw UsageError(std::string("--") + key + " '" + text + "' is not " +
-                         (withTime ? "YYYY-MM-DD HH:MM:SS" : "YYYY-MM-DD"));
-    return *value;
-}
 
 int Positions(const Options& options, std::ostream& out) {
     RequireOnly(options, {"ut", "observer", "lat", "lng", "tz"});
@@ -220,26 +123,6 @@ int Readout(const Options& options, std::ostream& out) {
         << "         " << i.LBLSunAlt << "   " << i.LBLSunAz << "   " << i.LBLSunHA << "   " << i.LbLSunRise
         << "   " << i.LbLSunSet << '\n';
     return 0;
-}
-
-std::string TextOption(const Options& options, const char* key, const char* fallback) {
-    const auto it = options.find(key);
-    return it == options.end() ? fallback : it->second;
-}
-
-// The mode file named by --modes, else UFMODES.JMF of the program directory, else the bundled one.
-void LoadModes(ModeTableState& modes, const Options& options) {
-    std::string path;
-    if (options.count("modes")) {
-        path = options.at("modes");
-    } else {
-        path = (DefaultProgramDirectory() + "UFMODES.JMF").toStdString();
-        if (!FileExists(path)) path = (BundledDataDirectory() + "/UFMODES.JMF").toStdString();
-    }
-    modes.ModeFileName = path;
-    const int status = ReadModeFile(modes);
-    if (status != 0 || !modes.ModesLoaded)
-        throw UsageError("cannot read mode file " + path + " (error " + std::to_string(status) + ")");
 }
 
 ReportExclusions Exclusions(const Options& options) {
@@ -370,21 +253,58 @@ int Probability(const Options& options, std::ostream& out) {
     return 0;
 }
 
+// The commands of the core and of prediction.
+std::vector<CliCommand> StationCommands() {
+    return {
+        {"positions", "positions --ut \"YYYY-MM-DD HH:MM:SS\" [observer]", {}, Ignoring(Positions)},
+        {"daytables", "daytables --date YYYY-MM-DD [observer]", {}, Ignoring(DayTablesCommand)},
+        {"readout", "readout [--ut \"YYYY-MM-DD HH:MM:SS\"] [observer]", {}, Ignoring(Readout)},
+        {"predict", "predict --date YYYY-MM-DD [--modes FILE] [exclusions] [--tables] [observer]", {"tables"},
+         Ignoring(Predict)},
+        {"report",
+         "report --from YYYY-MM-DD --to YYYY-MM-DD --out FILE [--modes FILE]\n"
+         "    [--min-duration N] [--no-header] [--io-only] [--no-none] [--hour-angle]\n"
+         "    [--date-format 0|1|2] [exclusions] [observer]",
+         {"no-header", "io-only", "no-none", "hour-angle"},
+         [](const Options& o, std::ostream&, std::ostream&) { return Report(o); }},
+        {"probability", "probability --io DEGREES --cml DEGREES | --dump", {"dump"}, Ignoring(Probability)},
+    };
+}
+
+// Every area's commands, in the order of the usage text.
+std::vector<CliCommand> AllCommands() {
+    std::vector<CliCommand> all;
+    for (const auto& area : {StationCommands()}) all.insert(all.end(), area.begin(), area.end());
+    return all;
+}
+
+std::string Usage(const std::vector<CliCommand>& commands) {
+    std::string text;
+    for (const CliCommand& c : commands) {
+        std::string lines = c.usage;
+        for (size_t at = lines.find('\n'); at != std::string::npos; at = lines.find('\n', at + 1))
+            lines.insert(at + 1, "             ");
+        text += (text.empty() ? "usage: tarvelle-cli " : "       tarvelle-cli ") + lines + "\n";
+    }
+    return text +
+           "exclusions: --jup-alt-min X --sun-alt-max Y --min-ha H --max-ha H (texts as typed; defaults 0 0 -6 6)\n"
+           "modes: default UFMODES.JMF of the program directory, else of the bundled data\n"
+           "observer: --observer FILE, or --lat TEXT --lng TEXT --tz HOURS (longitude west);\n"
+           "          default: viewer.obs of the program directory\n"
+           "options: --name value or --name=value, in any order";
+}
+
 } // namespace
 
 int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+    const std::vector<CliCommand> commands = AllCommands();
     try {
         if (args.empty() || args[0] == "--help" || args[0] == "-h") {
-            (args.empty() ? err : out) << kUsage << '\n';
+            (args.empty() ? err : out) << Usage(commands) << '\n';
             return args.empty() ? 2 : 0;
         }
-        const Options options = ParseOptions(args, 1);
-        if (args[0] == "positions") return Positions(options, out);
-        if (args[0] == "daytables") return DayTablesCommand(options, out);
-        if (args[0] == "readout") return Readout(options, out);
-        if (args[0] == "predict") return Predict(options, out);
-        if (args[0] == "report") return Report(options);
-        if (args[0] == "probability") return Probability(options, out);
+        for (const CliCommand& c : commands)
+            if (c.name == args[0]) return c.run(ParseOptions(args, 1, c.flags), out, err);
         throw UsageError("unknown command '" + args[0] + "'");
     } catch (const UsageError& e) {
         err << "tarvelle-cli: " << e.what() << '\n';
