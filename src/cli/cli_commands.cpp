@@ -175,13 +175,12 @@ int Report(const Options& options) {
     Core core;
     LoadObserver(core, options);
     ReportOptions report;
-    report.ReportStart = RequireInstant(options, "from", false);
-    report.ReportEnd = RequireInstant(options, "to", false);
-    const int startYear = FieldsOf(report.ReportStart).year, endYear = FieldsOf(report.ReportEnd).year;
-    if (startYear > 3000 || startYear < 1900) throw UsageError("Invalid Start Year");
-    if (endYear > 3000 || endYear < 1900) throw UsageError("Invalid End Year");
-    if (report.ReportStart > report.ReportEnd)
-        throw UsageError("You entered a which occurs ending date before the start date.");
+    const CalendarFields from = FieldsOf(RequireInstant(options, "from", false));
+    const CalendarFields to = FieldsOf(RequireInstant(options, "to", false));
+    const ReportSpanNumbers span{double(from.year), double(from.month), double(from.day),
+                                 double(to.year),   double(to.month),   double(to.day)};
+    if (const std::string refusal = CheckReportSpan(span, report.ReportStart, report.ReportEnd); !refusal.empty())
+        throw UsageError(refusal);
     if (!options.count("out")) throw UsageError("--out is required");
     const std::string path = options.at("out");
     if (options.count("date-format")) {

@@ -1,6 +1,7 @@
 #include "prediction/event_report.h"
 
 #include "core/date_value.h"
+#include "core/numeric.h"
 #include "core/text_forms.h"
 
 #include <memory>
@@ -100,6 +101,29 @@ std::string ReportDayBlock(double predictDate, const PredictionGrid& grid, const
     return block;
 }
 
+std::string CheckReportSpan(const ReportSpanNumbers& n, double& start, double& end) {
+    const struct {
+        double value, low, high;
+        const char* message;
+    } checks[] = {
+        {n.startYear, 1900, 3000, "Invalid Start Year"}, {n.endYear, 1900, 3000, "Invalid End Year"},
+        {n.endMonth, 1, 12, "Invalid End Month"},        {n.startMonth, 1, 12, "Invalid Start Month"},
+        {n.endDay, 1, 31, "Invalid End Day"},            {n.startDay, 1, 31, "Invalid Start Day"},
+    };
+    for (const auto& c : checks)
+        if (c.value > c.high || c.value < c.low) return c.message;
+    auto date = [](double y, double m, double d) {
+        return DateSerial(static_cast<int>(RoundHalfEven(y)), static_cast<int>(RoundHalfEven(m)),
+                          static_cast<int>(RoundHalfEven(d)));
+    };
+    const double first = date(n.startYear, n.startMonth, n.startDay);
+    const double last = date(n.endYear, n.endMonth, n.endDay);
+    if (first > last) return kReportSpanReversed;
+    start = first;
+    end = last;
+    return {};
+}
+
 std::string ReportBlockBytes(const std::string& block) {
     return Holds(block, ":") ? Line(block) : std::string();
 }
@@ -114,20 +138,25 @@ std::string DefaultReportFileName(double reportStart) {
 
 ReportOutcome WriteEventReport(Core& core, const ModeTableState& modes, const ReportOptions& options,
                                const ReportExclusions& exclusions, std::ostream& out,
-                               const std::function<bool(double day)>& onDay) {
+                               const ReportHooks& hooks, const ReportWork* work) {
     ReportExclusions ex = exclusions;
     ex.ReportInProgress = true;
     ex.ReportMinDuration = options.ReportMinDuration;
     if (options.ReportHeader) out << ReportHeaderText(core, options);
 
-    MinuteTables tables;
-    const auto activity = std::make_unique<ActivityTable>();
-    PredictionGrid grid;
+    MinuteTables ownTables;
+    std::unique_ptr<ActivityTable> ownActivity;
+    PredictionGrid ownGrid;
+    if (!work) ownActivity = std::make_unique<ActivityTable>();
+    MinuteTables& tables = work ? work->tables : ownTables;
+    ActivityTable& activity = work ? work->activity : *ownActivity;
+    PredictionGrid& grid = work ? work->grid : ownGrid;
     double day = options.ReportStart;
     do {
-        if (onDay && !onDay(day)) return ReportOutcome::Cancelled;
-        PredictDay(core, modes, ex, tables, *activity, grid, day);
-        out << ReportBlockBytes(ReportDayBlock(day, grid, tables, options));
+        if (hooks.beforeDay && !hooks.beforeDay(day)) return ReportOutcome::Cancelled;
+        PredictDay(core, modes, ex, tables, activity, grid, day);
+        if (hooks.afterPrediction) hooks.afterPrediction();
+        out << ReportBlockBytes(ReportDayBlock(day, grid, tables, options, hooks.afterRow));
         day += 1.0;
     } while (!(day > options.ReportEnd));
     out << ReportEndText();

@@ -5,10 +5,8 @@
 // "End of Report". Each write of the window's writer adds a CR LF of its own to the text it is
 // given, so the texts below end with that extra CR LF where a write ends.
 //
-// Usage: the prediction window drives the days itself (it draws each day's chart) and calls
-// ReportHeaderText, PredictDay (prediction.h), ReportDayBlock, ReportBlockBytes and
-// ReportEndText; the command-line tool and the benchmarks call WriteEventReport, which does
-// the same without a window.
+// Usage: the prediction window, tarvelle-cli and the benchmarks call WriteEventReport; the
+// window draws each day's chart from its hooks.
 #pragma once
 
 #include "core/astro_core.h"
@@ -32,6 +30,18 @@ struct ReportOptions {
     std::string jupAltMinText = "0", sunAltMaxText = "0"; // the texts of txtJupAltMin and txtSunAltMax
     std::string versionText;
 };
+
+// The numbers of a report's span as typed: years, months and days of its first and last day.
+struct ReportSpanNumbers {
+    double startYear, startMonth, startDay, endYear, endMonth, endDay;
+};
+
+inline constexpr const char* kReportSpanReversed = "You entered a which occurs ending date before the start date.";
+
+// Checks a span as the report options window does: years 1900 to 3000, months 1 to 12, days 1
+// to 31, the last day not before the first. Returns the message of the first check that fails
+// ("Invalid Start Year", ...), or an empty text with start and end set to the two dates.
+std::string CheckReportSpan(const ReportSpanNumbers& span, double& start, double& end);
 
 // The header's seven writes. Sets DateHeading through FormatDateByChoice.
 std::string ReportHeaderText(Core& core, const ReportOptions& options);
@@ -60,13 +70,28 @@ std::string DefaultReportFileName(double reportStart);
 
 enum class ReportOutcome { Completed, Cancelled };
 
-// The whole report without a window. For each day from ReportStart to ReportEnd: onDay is asked
-// first (false cancels, as the cancel button does: what is written stays and "End of Report"
-// is not written), then the prediction with the exclusions while a report is in progress (the
-// minimum duration is the options'), then the day's block. CurrentUT is as it was afterwards;
-// LST and the live positions are stale, as after any prediction.
+// What a window does while a report is written; any of them may be left empty.
+struct ReportHooks {
+    std::function<bool(double day)> beforeDay; // false cancels
+    std::function<void()> afterPrediction;     // the day's tables and grid are ready to draw
+    std::function<void()> afterRow;            // after each grid row of the day's block
+};
+
+// Where the days' predictions are kept: the window's own tables, so that it can draw them.
+struct ReportWork {
+    MinuteTables& tables;
+    ActivityTable& activity;
+    PredictionGrid& grid;
+};
+
+// The whole report, for the prediction window and tarvelle-cli alike. For each day from
+// ReportStart to ReportEnd: beforeDay is asked first (false cancels, as the cancel button does:
+// what is written stays and "End of Report" is not written), then the prediction with the
+// exclusions while a report is in progress (the minimum duration is the options'), then the
+// day's block. The tables are work's when given, else the writer's own. CurrentUT is as it was
+// afterwards; LST and the live positions are stale, as after any prediction.
 ReportOutcome WriteEventReport(Core& core, const ModeTableState& modes, const ReportOptions& options,
                                const ReportExclusions& exclusions, std::ostream& out,
-                               const std::function<bool(double day)>& onDay = {});
+                               const ReportHooks& hooks = {}, const ReportWork* work = nullptr);
 
 } // namespace tarvelle

@@ -40,6 +40,8 @@ QString SettingsStore::get(const QString& section, const QString& key, const QSt
 
 void SettingsStore::save(const QString& section, const QString& key, const QString& value) {
     QString path = StoredPath(section, key);
+    // Only a change reaches the disk.
+    if (!path.isEmpty() && settings_->value(path).toString() == value) return;
     if (path.isEmpty()) {
         const QString storedSection = Matching(settings_->childGroups(), section);
         path = (storedSection.isEmpty() ? section : storedSection) + '/' + key;

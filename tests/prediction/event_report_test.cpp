@@ -119,7 +119,7 @@ ReportOptions Span(double start, double end) {
 std::string ReportOf(Core& c, const ReportOptions& o, ReportOutcome expected = ReportOutcome::Completed,
                      const std::function<bool(double)>& onDay = {}) {
     std::ostringstream out;
-    EXPECT_EQ(WriteEventReport(c, AllDayAndNever(), o, Open(), out, onDay), expected);
+    EXPECT_EQ(WriteEventReport(c, AllDayAndNever(), o, Open(), out, {onDay, {}, {}}), expected);
     return out.str();
 }
 

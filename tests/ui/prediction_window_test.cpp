@@ -220,7 +220,7 @@ TEST_F(Form3Test, ACancelledOptionsWindowWritesNothing) {
 }
 
 TEST_F(Form3Test, ReportOptionsRefuseBadFieldsInOrder) {
-    ReportChoices choices;
+    ReportOptions choices;
     bool cancelled = false;
     formReportOptions options(*station, choices, cancelled, DateSerial(2026, 3, 1));
     EXPECT_TRUE(cancelled);

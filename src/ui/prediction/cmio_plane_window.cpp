@@ -5,6 +5,7 @@
 #include "core/numeric.h"
 #include "render/picture_store.h"
 #include "prediction/plane_track.h"
+#include "station/help_commands.h"
 #include "prediction/prob_table.h"
 #include "core/text_forms.h"
 
@@ -153,7 +154,7 @@ void FormCMIoPlane::BuildControls() {
         Redraw();
     });
     connect(cmdProbHelp, &QPushButton::clicked, this,
-            [this] { st_.desktop.OpenDocument(st_.programDir + "about_cml.htm"); });
+            [this] { OpenInBrowser(st_, st_.programDir + "about_cml.htm"); });
     connect(Pic1, &PlotWidget::mouseMove, this, [this](int, float x, float y) { Pic1MouseMove(x, y); });
 }
 

@@ -4,6 +4,7 @@
 
 #include "core/date_value.h"
 #include "prediction/event_report.h"
+#include "station/atomic_file.h"
 #include "ui/common/image_camera.h"
 #include "core/numeric.h"
 #include "render/page_printer.h"
@@ -28,7 +29,7 @@
 #include <QVBoxLayout>
 
 #include <cmath>
-#include <fstream>
+#include <sstream>
 
 namespace tarvelle {
 
@@ -493,51 +494,55 @@ void Form3::CmdReportClick() {
         CmdCancelReport->setEnabled(false);
         return;
     }
-    st_.settings.save("Startup", "ReportDir", QFileInfo(path).absolutePath());
-    std::ofstream out(path.toStdString(), std::ios::binary | std::ios::trunc);
-    if (!out) {
-        st_.dialogs.Message("There was an error trying to save " + path);
-        reportInProgress_ = false;
-        CmdCancelReport->setEnabled(false);
-        return;
-    }
-    ReportOptions report;
-    report.ReportStart = choices_.ReportStart;
-    report.ReportEnd = choices_.ReportEnd;
-    report.ReportMinDuration = choices_.ReportMinDuration;
-    report.ReportHeader = choices_.ReportHeader;
-    report.ReportIncludeHA = choices_.ReportIncludeHA;
-    report.ReportIoOnly = choices_.ReportIoOnly;
-    report.ReportNoNONE = choices_.ReportNoNONE;
-    report.jupAltMinText = S(txtJupAltMin);
-    report.sunAltMaxText = S(txtSunAltMax);
-    report.versionText = st_.VersionText;
-    if (report.ReportHeader) out << ReportHeaderText(core_, report);
+    choices_.jupAltMinText = S(txtJupAltMin);
+    choices_.sunAltMaxText = S(txtSunAltMax);
+    choices_.versionText = st_.VersionText;
 
     const int days = static_cast<int>(std::floor(choices_.ReportEnd) - std::floor(choices_.ReportStart)) + 1;
-    bool cancelled = false;
-    for (int day = 1; PredictDate <= choices_.ReportEnd; ++day) {
+    int day = 0;
+    ReportHooks hooks;
+    hooks.beforeDay = [&](double date) {
+        PredictDate = date;
         if (reportCancelled_) {
             st_.dialogs.Message("Report " + path + " Canceled by User.");
-            cancelled = true;
-            break;
+            return false;
         }
-        LBLReportProgress->setText(QString("Report: day %1 of %2").arg(day).arg(days));
+        LBLReportProgress->setText(QString("Report: day %1 of %2").arg(++day).arg(days));
         Picture1->Surface().Clear();
-        ShowDateInFields(PredictDate);
-        DoPredictions();
-        const std::string block = ReportDayBlock(PredictDate, grid_, st_.minutes, report,
-                                                 [] { QCoreApplication::processEvents(); });
-        out << ReportBlockBytes(block);
+        ShowDateInFields(date);
+        LBLWait->show();
+        return true;
+    };
+    hooks.afterPrediction = [this] {
+        DrawChart();
+        ShowGrid();
+        HourBar();
+        Picture1->Surface().Refresh();
+        LBLWait->hide();
+    };
+    hooks.afterRow = [] { QCoreApplication::processEvents(); };
+    const ReportWork work{st_.minutes, st_.activity.ModeActivity, grid_};
+    std::ostringstream report;
+    if (WriteEventReport(core_, st_.modes, choices_, Exclusions(), report, hooks, &work) ==
+        ReportOutcome::Completed)
         PredictDate += 1.0;
-    }
-    if (!cancelled) out << ReportEndText();
-    out.close();
     CmdCancelReport->setEnabled(false);
     LBLReportProgress->clear();
-    if (st_.dialogs.Message(" View Event Report " + path + " ?", {}, MsgButtons::YesNo) == MsgAnswer::Yes)
-        st_.desktop.ShowTextFile(path);
     reportInProgress_ = false;
+
+    // The file is replaced only once the whole report is in hand, and the folder remembered
+    // only once it holds the file.
+    QString error;
+    if (!SaveFileAtomically(path, report.str(), error)) {
+        st_.dialogs.Message("There was an error trying to save " + path + "\n" + error, "FILE ERROR!",
+                            MsgButtons::OK, MsgIcon::Exclamation);
+        return;
+    }
+    st_.settings.save("Startup", "ReportDir", QFileInfo(path).absolutePath());
+    if (st_.dialogs.Message(" View Event Report " + path + " ?", {}, MsgButtons::YesNo) == MsgAnswer::Yes &&
+        !st_.desktop.ShowTextFile(path))
+        st_.dialogs.Message("No program to show " + path + " was found.", "View Event Report", MsgButtons::OK,
+                            MsgIcon::Exclamation);
 }
 
 void Form3::closeEvent(QCloseEvent* event) {

@@ -51,7 +51,7 @@ public:
     double PredictDate = 0.0;
     bool ReportInProgress() const { return reportInProgress_; }
     const PredictionGrid& Grid() const { return grid_; }
-    const ReportChoices& Report() const { return choices_; }
+    const ReportOptions& Report() const { return choices_; }
 
     QLineEdit *txtYear = nullptr, *txtMonth = nullptr, *txtDay = nullptr;
     QLineEdit *txtJupAltMin = nullptr, *txtSunAltMax = nullptr, *txtMinHA = nullptr, *txtMaxHA = nullptr;
@@ -83,7 +83,7 @@ private:
     std::function<void()> stopMainTimer_, onClosed_;
 
     PredictionGrid grid_;
-    ReportChoices choices_;
+    ReportOptions choices_;
     bool reportInProgress_ = false;
     bool reportCancelled_ = false;
 };

@@ -33,7 +33,7 @@ QHBoxLayout* DateRow(int choice, QLineEdit* y, QLineEdit* m, QLineEdit* d) {
 
 } // namespace
 
-formReportOptions::formReportOptions(Station& station, ReportChoices& choices, bool& reportCancelled,
+formReportOptions::formReportOptions(Station& station, ReportOptions& choices, bool& reportCancelled,
                                      double firstDay, QWidget* parent)
     : QDialog(parent), st_(station), choices_(choices), reportCancelled_(reportCancelled) {
     setObjectName("formReportOptions");
@@ -122,31 +122,14 @@ formReportOptions::formReportOptions(Station& station, ReportChoices& choices, b
 }
 
 void formReportOptions::cmdOKClick() {
-    const struct {
-        const QLineEdit* box;
-        double low, high;
-        const char* message;
-    } checks[] = {
-        {txtSYear, 1900, 3000, "Invalid Start Year"}, {txtEYear, 1900, 3000, "Invalid End Year"},
-        {txtEMonth, 1, 12, "Invalid End Month"},      {txtSMonth, 1, 12, "Invalid Start Month"},
-        {txtEDay, 1, 31, "Invalid End Day"},          {txtSDay, 1, 31, "Invalid Start Day"},
-    };
-    for (const auto& c : checks) {
-        const double v = Number(c.box);
-        if (v > c.high || v < c.low) {
-            st_.dialogs.Message(c.message);
-            return;
-        }
-    }
-    if (Number(txtMin) < 0.0) txtMin->setText("0");
-    auto date = [](const QLineEdit* y, const QLineEdit* m, const QLineEdit* d) {
-        return DateSerial(static_cast<int>(RoundHalfEven(Number(y))), static_cast<int>(RoundHalfEven(Number(m))),
-                          static_cast<int>(RoundHalfEven(Number(d))));
-    };
-    const double start = date(txtSYear, txtSMonth, txtSDay);
-    const double end = date(txtEYear, txtEMonth, txtEDay);
-    if (start > end) {
-        st_.dialogs.Message("You entered a which occurs ending date before the start date.");
+    const ReportSpanNumbers span{Number(txtSYear), Number(txtSMonth), Number(txtSDay),
+                                 Number(txtEYear), Number(txtEMonth), Number(txtEDay)};
+    double start = 0.0, end = 0.0;
+    const std::string refusal = CheckReportSpan(span, start, end);
+    // A negative minimum duration is made 0 once the fields have passed their checks.
+    if ((refusal.empty() || refusal == kReportSpanReversed) && Number(txtMin) < 0.0) txtMin->setText("0");
+    if (!refusal.empty()) {
+        st_.dialogs.Message(QString::fromStdString(refusal));
         return;
     }
     choices_.ReportStart = start;

@@ -2,6 +2,8 @@
 // as cancelling.
 #pragma once
 
+#include "prediction/event_report.h"
+
 #include <QDialog>
 
 class QCheckBox;
@@ -13,22 +15,12 @@ namespace tarvelle {
 
 struct Station;
 
-// The report's module values, kept by the prediction window between reports.
-struct ReportChoices {
-    double ReportStart = 0.0, ReportEnd = 0.0; // first and last day
-    float ReportMinDuration = 0.0f;            // minutes
-    bool ReportHeader = true;
-    bool ReportIncludeHA = false;
-    bool ReportIoOnly = false;
-    bool ReportNoNONE = false;
-};
-
 class formReportOptions : public QDialog {
     Q_OBJECT
 public:
     // firstDay is the prediction window's date (0 when it holds none); OK fills `choices`
     // and clears `reportCancelled`.
-    formReportOptions(Station& station, ReportChoices& choices, bool& reportCancelled, double firstDay,
+    formReportOptions(Station& station, ReportOptions& choices, bool& reportCancelled, double firstDay,
                       QWidget* parent = nullptr);
 
     void cmdOKClick();
@@ -41,7 +33,7 @@ public:
 
 private:
     Station& st_;
-    ReportChoices& choices_;
+    ReportOptions& choices_;
     bool& reportCancelled_;
 };
 
