@@ -54,6 +54,14 @@ void RequireOnly(const Options& options, std::initializer_list<const char*> allo
 namespace {
 
 void SetObserver(Core& core, std::string lat, std::string lng, const std::string& tz) {
+    const struct {
+        const std::string& text;
+        const char* name;
+        bool angle;
+    } fields[] = {{lat, "latitude", true}, {lng, "longitude", true}, {tz, "time zone", false}};
+    for (const auto& f : fields)
+        if (!IsObserverNumberForm(f.text, f.angle))
+            throw UsageError(std::string(f.name) + " '" + f.text + "' is not a number");
     const double latitude = ParseLatitude(lat);
     const double longitude = ParseLongitude(lng);
     if (latitude == kRejected) throw UsageError("latitude '" + lat + "' is not valid");

@@ -19,6 +19,8 @@
 namespace tarvelle {
 
 inline constexpr int kDayTableSize = 1801; // 30 hours, one entry a minute, from 00:00 GMT
+inline constexpr double kDayTableStep = 0.00069444;   // a minute in days, as the tables step it
+inline constexpr double kSiderealMinute = 0.016712298; // one minute of mean time in sidereal hours
 
 // The per-minute tables of one date.
 struct DayTables {

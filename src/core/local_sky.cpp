@@ -138,10 +138,10 @@ void Core::BuildDayTables(double t) {
         Day.DayCML[i] = CMLIII;
         Day.DayIoPhase[i] = IoPhase;
 
-        LST = static_cast<float>(static_cast<double>(LST) + 0.016712298);
+        LST = static_cast<float>(static_cast<double>(LST) + kSiderealMinute);
         if (LST > 24.0f) LST = static_cast<float>(static_cast<double>(LST) - 24.0);
-        DayNumber = DayNumber + 0.00069444;
-        u = u + 0.00069444;
+        DayNumber = DayNumber + kDayTableStep;
+        u = u + kDayTableStep;
     }
     RestoreCurrentTime();
     LST = keptLST;

@@ -1,5 +1,7 @@
 #include "formats/mode_file.h"
 
+#include "formats/error_text.h"
+
 #include "core/numeric.h"
 #include "core/text_forms.h"
 
@@ -14,15 +16,6 @@
 namespace tarvelle {
 
 namespace {
-
-constexpr int kFileNotFound = 53;
-constexpr int kPathNotFound = 76;
-constexpr int kPathFileAccess = 75;
-constexpr int kDeviceIO = 57;
-constexpr int kDiskFull = 61;
-constexpr int kPastEndOfFile = 62;
-constexpr int kTypeMismatch = 13;
-constexpr int kOverflow = 6;
 
 constexpr int kWrittenModes = 6;
 constexpr const char* kLineEnd = "\r\n";

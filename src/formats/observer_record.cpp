@@ -1,9 +1,12 @@
 #include "formats/observer_record.h"
 
+#include "formats/error_text.h"
+
 #include "core/numeric.h"
 #include "core/text_forms.h"
 
 #include <cerrno>
+#include <cctype>
 #include <cmath>
 #include <cstring>
 #include <filesystem>
@@ -12,6 +15,17 @@
 #include <vector>
 
 namespace tarvelle {
+
+std::string LatitudeRefusal(const std::string& text) {
+    return "The latitude \"" + text +
+           "\" is not valid: give degrees, or degrees:minutes:seconds, from -90 to 90 (north positive).";
+}
+
+std::string LongitudeRefusal(const std::string& text) {
+    return "The longitude \"" + text +
+           "\" is not valid: give degrees, or degrees:minutes:seconds, from 0 to 360 west "
+           "(a negative value is east).";
+}
 
 namespace {
 
@@ -48,6 +62,9 @@ std::string FormatSexagesimal(double x, double d, const SexagesimalRule& rule) {
         c = c - 60.0;
         m = m + 1.0;
     }
+    // The residue of a value that came from a negative text can fall a hair below zero; the
+    // seconds are those of the rounded total, with no minus on zero.
+    if (c < 0.0 && ValueOfText(FormatNumberMask(c, "00.0")) == 0.0) c = 0.0;
     if (ValueOfText(FormatNumberMask(m, "00")) >= 60.0) {
         m = 0.0;
         d = d + 1.0;
@@ -92,6 +109,26 @@ double TakeMinus(std::string& body) {
 
 } // namespace
 
+bool IsObserverNumberForm(const std::string& text, bool angle) {
+    const std::string t = Trim(text);
+    size_t i = 0;
+    if (i < t.size() && (t[i] == '-' || t[i] == '+')) ++i;
+    for (int part = 0; part < (angle ? 3 : 1); ++part) {
+        if (part > 0) {
+            if (i == t.size()) return true;
+            if (t[i++] != ':') return false;
+        }
+        size_t digits = 0;
+        while (i < t.size() && std::isdigit(static_cast<unsigned char>(t[i]))) ++i, ++digits;
+        if (i < t.size() && (t[i] == '.' || t[i] == ',')) {
+            ++i;
+            while (i < t.size() && std::isdigit(static_cast<unsigned char>(t[i]))) ++i, ++digits;
+        }
+        if (digits == 0) return false;
+    }
+    return i == t.size();
+}
+
 double ParseNumberComma(std::string& text) {
     for (char& c : text)
         if (c == ',') c = '.';
@@ -103,7 +140,11 @@ double ParseLatitude(std::string& text) {
     std::string body = text;
     const double sign = TakeMinus(body);
     const size_t first = body.find(':');
-    if (first == std::string::npos) return ParseNumberComma(body) * sign;
+    if (first == std::string::npos) {
+        // Plain degrees: any sign, but never past a pole nor beyond what a number can hold.
+        const double plain = ParseNumberComma(body) * sign;
+        return std::isfinite(plain) && std::fabs(plain) <= 90.0 ? plain : kRejected;
+    }
     const size_t second = body.find(':', first + 1);
     const double result = sign * ParseColonForm(body, first, second);
     return (result < -90.0 || result > 90.0) ? kRejected : result;
@@ -115,7 +156,11 @@ double ParseLongitude(std::string& text) {
     const double sign = TakeMinus(body);
     if (!body.empty() && body[0] == '+') body.erase(0, 1);
     const size_t first = body.find(':');
-    if (first == std::string::npos) return ValueOfText(body) * sign; // no range test
+    if (first == std::string::npos) {
+        // Plain degrees are taken as they are (a negative number is east), within one turn.
+        const double plain = ValueOfText(body) * sign;
+        return std::isfinite(plain) && std::fabs(plain) <= 360.0 ? plain : kRejected;
+    }
     const size_t second = body.find(':', first + 1);
     double result = ParseColonForm(body, first, second);
     if (sign < 0.0) result = 360.0 - result;
@@ -135,12 +180,12 @@ std::optional<ObserverFileContents> ReadObserverFile(const std::string& path, in
     std::error_code ec;
     const fs::path p(path);
     if (!fs::exists(p, ec)) {
-        errorNumber = (p.has_parent_path() && !fs::exists(p.parent_path(), ec)) ? 76 : 53;
+        errorNumber = (p.has_parent_path() && !fs::exists(p.parent_path(), ec)) ? kPathNotFound : kFileNotFound;
         return std::nullopt;
     }
     std::ifstream in(p, std::ios::binary);
     if (!in || fs::is_directory(p, ec)) {
-        errorNumber = 75;
+        errorNumber = kPathFileAccess;
         return std::nullopt;
     }
     std::stringstream buffer;

@@ -9,13 +9,22 @@ namespace tarvelle {
 
 inline constexpr double kRejected = -999.0; // what a parser returns for a text it refuses
 
-// Degrees, d:m or d:m:s; a leading "-" is south. Trims the text in place. A colon form
-// outside -90..90 is refused; a plain number is taken as it is.
+// What the user is told when a latitude or longitude text is refused, naming the field.
+std::string LatitudeRefusal(const std::string& text);
+std::string LongitudeRefusal(const std::string& text);
+
+// Degrees, d:m or d:m:s; a leading "-" is south. Trims the text in place. A value outside
+// -90..90, or a plain number that is not finite, is refused.
 double ParseLatitude(std::string& text);
 // Degrees west, d:m or d:m:s; a colon form with a leading "-" is east (360 minus it). Trims
 // the text in place. A colon form outside 0..360 is refused; a plain number, even a
-// negative one, is taken as it is.
+// negative one, is taken as it is within -360..360, and refused beyond or when not finite.
 double ParseLongitude(std::string& text);
+// Whether a text has the form of an observer file's numbers: an optional sign, digits with an
+// optional decimal point or comma, and for an angle up to two more ":"-separated parts; blanks
+// around it allowed. "1e309", "nan", "abc" and "" are not.
+bool IsObserverNumberForm(const std::string& text, bool angle);
+
 // Commas become decimal points (in place), then the number's value; an empty text is 0.
 double ParseNumberComma(std::string& text);
 

@@ -12,7 +12,6 @@ namespace tarvelle {
 namespace {
 
 constexpr double kPredictionBase = 0.006944444;      // 00:10, where the day's positions are taken
-constexpr double kSiderealMinute = 0.016712298;      // one minute of mean time in sidereal hours
 constexpr double kCMLPerMinute = 0.6045389117618717; // degrees of CML III a minute
 constexpr double kIoPerMinute = 0.14132278123233466; // degrees of Io phase a minute
 constexpr double kHalfIoMinute = 0.07066139061616733;

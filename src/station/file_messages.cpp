@@ -16,11 +16,23 @@ bool LoadObserverFile(Core& core, Dialogs& dialogs) {
                         "FILE ERROR!", MsgButtons::OK, MsgIcon::Exclamation);
         return false;
     }
+    std::string latText = contents->latitudeText, lngText = contents->longitudeText;
+    const double latitude = ParseLatitude(latText);
+    const double longitude = ParseLongitude(lngText);
+    // A record whose place is refused leaves the observer as it was, and says which field.
+    const std::string refusal = latitude == kRejected    ? LatitudeRefusal(contents->latitudeText)
+                                : longitude == kRejected ? LongitudeRefusal(contents->longitudeText)
+                                                         : std::string();
+    if (!refusal.empty()) {
+        dialogs.Message(QString::fromStdString(refusal) + "\n(" + QString::fromStdString(core.ObFileName) + ")",
+                        "FILE ERROR!", MsgButtons::OK, MsgIcon::Exclamation);
+        return false;
+    }
     core.ObLatText = contents->latitudeText;
     core.ObLngText = contents->longitudeText;
     core.ObsTZ = ValueOfText(contents->timeZoneText);
-    core.ObsLatitude = static_cast<float>(ParseLatitude(core.ObLatText));
-    core.ObsLongitude = static_cast<float>(ParseLongitude(core.ObLngText));
+    core.ObsLatitude = static_cast<float>(latitude);
+    core.ObsLongitude = static_cast<float>(longitude);
     return true;
 }
 

@@ -37,7 +37,8 @@ TEST(ParseLatitude, FormsSignsAndRange) {
     EXPECT_NEAR(Lat("39:15,5"), 39.0 + 15.5 / 60, 1e-12); // a comma as decimal point
     EXPECT_EQ(Lat("95:00:00"), kRejected);
     EXPECT_EQ(Lat("-90:00:01"), kRejected);
-    EXPECT_EQ(Lat("95"), 95.0); // a plain number is not range-tested
+    EXPECT_EQ(Lat("95"), kRejected); // plain numbers too stop at the poles
+    EXPECT_EQ(Lat("-90"), -90.0);
     std::string text = "  45:00  ";
     ParseLatitude(text);
     EXPECT_EQ(text, "45:00"); // trimmed in place
@@ -46,7 +47,9 @@ TEST(ParseLatitude, FormsSignsAndRange) {
 TEST(ParseLongitude, WestPositiveEastByMinus) {
     EXPECT_EQ(Lng("-75:00:00"), 285.0);
     EXPECT_EQ(Lng("-75"), -75.0); // a plain number is taken as it is, negative or not
-    EXPECT_EQ(Lng("400"), 400.0);
+    EXPECT_EQ(Lng("400"), kRejected); // and at one turn
+    EXPECT_EQ(Lng("1e12"), kRejected);
+    EXPECT_EQ(Lng("-360"), -360.0);
     EXPECT_NEAR(Lng("76:30:00.0"), 76.5, 1e-12);
     EXPECT_NEAR(Lng("+76:30"), 76.5, 1e-12);
     EXPECT_EQ(Lng("360:00:00"), 360.0);
@@ -71,9 +74,11 @@ TEST(FormatLongitudeText, WrapsAt360) {
     EXPECT_EQ(FormatLongitudeText(76.5), "76:30:00.0");
     EXPECT_EQ(FormatLongitudeText(285.0), "285:00:00.0");
     // Seconds that round to 60 carry into the minutes and the degrees; the small negative
-    // remainder keeps its minus, as every negative value does under a mask.
-    EXPECT_EQ(FormatLongitudeText(359.9999999), "0:00:-00.0");
-    EXPECT_EQ(FormatLongitudeText(static_cast<float>(360.0 - 75.2)), "284:48:-00.0");
+    // remainder left behind shows no minus (-75:12:00 east is 284:48:00.0 west).
+    EXPECT_EQ(FormatLongitudeText(359.9999999), "0:00:00.0");
+    EXPECT_EQ(FormatLongitudeText(static_cast<float>(360.0 - 75.2)), "284:48:00.0");
+    std::string east = "-75:12:00";
+    EXPECT_EQ(FormatLongitudeText(ParseLongitude(east)), "284:48:00.0");
     EXPECT_EQ(FormatLongitudeText(0.0), "0:00:00.0");
     EXPECT_EQ(FormatLongitudeText(10.0 + 5.0 / 3600), "10:00:05.0"); // no 18-second floor here
 }

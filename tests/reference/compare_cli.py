@@ -185,11 +185,15 @@ HAND_OBSERVERS = [
     ('-45:30:30,5', '-0:00:01'), ('66:33:44', '200:30,5'),
 ]
 
-# Plain numbers get no range test: a plain negative longitude stays negative
-# (LST may then exceed 24) and a plain latitude may pass 90. Odd, but what an
-# observer file gives, so both sides must agree. --skip-odd leaves them out.
-ODD_OBSERVERS = [('45', '-75'), ('-20', '-179.5'), ('60', '4,5'), ('95', '10'),
-                 ('-100', '200'), ('10', '400')]
+# Plain numbers keep their sign: a plain negative longitude stays negative
+# (LST may then exceed 24). Odd, but what an observer file gives, so both sides
+# must agree. --skip-odd leaves them out.
+ODD_OBSERVERS = [('45', '-75'), ('-20', '-179.5'), ('60', '4,5')]
+
+# Places past a pole, beyond one turn or beyond any number: refused with a
+# message naming the field, never taken as they are.
+REFUSED_OBSERVERS = [('95', '10', 'latitude'), ('-100', '200', 'latitude'), ('10', '400', 'longitude'),
+                     ('1e309', '10', 'latitude'), ('10', '1e12', 'longitude')]
 
 HAND_DAYS = [
     ('2000-01-01', '0', '0'), ('1900-01-01', '90', '0'),
@@ -496,6 +500,12 @@ def main(argv=None):
                 tally.failures.append(('daytables ' + repr(day), error))
             else:
                 compare_day(tally, day, output)
+    for lat, lng, field in REFUSED_OBSERVERS:
+        done = subprocess.run([args.cli, 'positions', '--ut', '2000-01-01 00:00:00', '--lat', lat, '--lng', lng],
+                              capture_output=True, text=True, timeout=60)
+        if done.returncode != 2 or field not in done.stderr:
+            tally.failures.append((f'refusal of --lat {lat} --lng {lng}',
+                                   f'exit {done.returncode}: {done.stderr.strip()}'))
     report(tally, len(cases), len(days), time.time() - start, args.show)
     return 1 if tally.mismatches or tally.failures else 0
 

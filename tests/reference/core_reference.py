@@ -149,7 +149,8 @@ def parse_latitude(text):
         sign = -1
         text = text[1:]
     if ':' not in text:
-        return sign * parse_number_comma(text)
+        plain = sign * parse_number_comma(text)
+        return plain if math.isfinite(plain) and abs(plain) <= 90 else REJECTED
     result = sign * _colon_value(text)
     if result < -90 or result > 90:
         return REJECTED
@@ -165,7 +166,8 @@ def parse_longitude(text):
     if text.startswith('+'):
         text = text[1:]
     if ':' not in text:
-        return val(text) * sign
+        plain = val(text) * sign
+        return plain if math.isfinite(plain) and abs(plain) <= 360 else REJECTED
     value = _colon_value(text)
     if sign == -1:
         value = 360 - value

@@ -118,7 +118,7 @@ def format_hours_and_degrees():
 def observer_texts():
     close(ref.parse_latitude('-33:52:00'), -33.8667, 5e-5, '-33:52:00')
     cases = [
-        (ref.parse_latitude, '95:00:00', -999), (ref.parse_latitude, '95', 95),
+        (ref.parse_latitude, '95:00:00', -999), (ref.parse_latitude, '95', -999),
         (ref.parse_latitude, '12,5', 12.5), (ref.parse_latitude, ' -0:30 ', -0.5),
         (ref.parse_latitude, '90:00:00', 90), (ref.parse_latitude, '-90', -90),
         (ref.parse_longitude, '-75:00:00', 285), (ref.parse_longitude, '-75', -75),

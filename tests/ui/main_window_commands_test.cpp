@@ -146,13 +146,22 @@ TEST_F(CommandsTest, RealToFixedAndBack) {
     EXPECT_EQ(form->cmdReal->text(), "Using Real Time");
     EXPECT_TRUE(form->txtH->isReadOnly());
     EXPECT_EQ(core().Day.DayMinuteTime[0], DateSerial(2026, 12, 1)); // tables of the new date
+    // The readout is of the real instant at once, not of the fixed one until the next tick.
+    Core real = core();
+    real.CurrentUT = core().GMTFromClock(clock.local);
+    real.UpdateSiderealTime();
+    real.UpdatePositions();
+    EXPECT_EQ(core().LST, real.LST);
+    EXPECT_EQ(core().CMLIII, real.CMLIII);
 }
 
-TEST_F(CommandsTest, FixingInGMTTakesTheClockAsItReads) {
+TEST_F(CommandsTest, FixingInGMTFreezesTheInstantShown) {
+    form->Timer1Tick();
+    const QString shown = Boxes();
     form->cmdReal->click();
     EXPECT_EQ(form->LBLQ->text(), "Enter GMT Date and Time  -  Press Update when finished.");
-    EXPECT_EQ(station->fixed.FixedUT, clock.local);
-    EXPECT_EQ(Boxes(), "2026-11-22 15:30:00");
+    EXPECT_EQ(FormatDateMask(station->fixed.FixedUT, "yyyy-mm-dd hh:nn:ss"), "2026-11-22 20:30:00");
+    EXPECT_EQ(Boxes(), shown);
 }
 
 TEST_F(CommandsTest, LocalTimeEnteredLandsInGMT) {

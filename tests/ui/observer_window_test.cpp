@@ -72,17 +72,28 @@ TEST_F(FormObserverTest, NothingChangedAppliesWithoutAsking) {
     EXPECT_EQ(closeForms, 0);
 }
 
-TEST_F(FormObserverTest, ABadLatitudeIsRefusedSilentlyAfterTheQuestion) {
+TEST_F(FormObserverTest, ABadPlaceIsRefusedNamingItsFieldAndNeverStored) {
     form->Txtlat->setText("95:00:00");
     EXPECT_TRUE(form->Edited());
     EXPECT_FALSE(Apply());
-    ASSERT_EQ(dialogs.messages.size(), 1u);
+    ASSERT_EQ(dialogs.messages.size(), 2u);
+    EXPECT_EQ(dialogs.messages[1].title, "Latitude Error");
+    EXPECT_TRUE(dialogs.messages[1].text.contains("\"95:00:00\""));
     EXPECT_EQ(dialogs.messages[0].title, "Update Parameters Message");
     EXPECT_EQ(dialogs.messages[0].buttons, MsgButtons::OKCancel);
     EXPECT_EQ(dialogs.messages[0].text, "If you want to keep these parameters\nthen todays predictions will be \n"
                                         "recalculated.  Select OK to continue\nor Cancel to restore last settings.");
     EXPECT_EQ(core().ObsLatitude, 39.25f);
     EXPECT_EQ(closeForms, 0);
+
+    // Saving a record with a refused longitude writes nothing.
+    form->Txtlat->setText("39:15:00");
+    form->TxtLng->setText("400:00:00");
+    const QString saved = ReadFile(QString::fromStdString(core().ObFileName));
+    form->SaveoB();
+    EXPECT_EQ(dialogs.messages.back().title, "Save Error");
+    EXPECT_TRUE(dialogs.messages.back().text.contains("longitude"));
+    EXPECT_EQ(ReadFile(QString::fromStdString(core().ObFileName)), saved);
 }
 
 TEST_F(FormObserverTest, CancelRestoresThePreviousValues) {
@@ -166,16 +177,6 @@ TEST_F(FormObserverTest, SaveAndLoadThroughTheFileDialogs) {
     dialogs.paths = {""}; // cancelled: nothing changes
     form->CmdLoad->click();
     EXPECT_EQ(QString::fromStdString(core().ObFileName), programDir + "viewer.obs");
-}
-
-TEST_F(FormObserverTest, ABadLongitudeIsSavedWithAWarning) {
-    form->TxtLng->setText("400:00:00");
-    core().ObFileName = (programDir + "bad.obs").toStdString();
-    form->SaveoB();
-    ASSERT_EQ(dialogs.messages.size(), 1u);
-    EXPECT_EQ(dialogs.messages[0].title, "Save Error");
-    EXPECT_EQ(dialogs.messages[0].text, "An error occured while trying to save the Longitde.");
-    EXPECT_TRUE(Read(programDir + "bad.obs").contains("\"-999:00:00.0\""));
 }
 
 TEST_F(FormObserverTest, TheMapReadsAndPicksPlaces) {

@@ -572,6 +572,9 @@ void Form1::MnuRealTimeClick() {
     if (real) {
         st_.ReadClock();
         core_.BuildDayTables(core_.CurrentUT);
+        // The tables leave the sidereal time of the old instant behind: the readout shows the
+        // real instant at once, not a tick later.
+        core_.UpdateSiderealTime();
         core_.UpdatePositions();
         DisplayTimes();
         DisplayInfo();
@@ -581,9 +584,11 @@ void Form1::MnuRealTimeClick() {
         SetBoxesEditable(false);
         timer1_->start();
     } else {
+        // The instant on show is the one that stays, in GMT and local display alike.
         firstFix_ = true;
-        core_.CurrentUT = st_.clock.LocalNow();
-        if (!core_.UseGMT) core_.CurrentUT = core_.CurrentUT - (core_.ObsTZ / 24.0 - core_.ClockOffset / 24.0);
+        st_.ReadClock();
+        core_.UpdateSiderealTime();
+        core_.UpdatePositions();
         SwitchToFixedTime();
     }
     DisplayCaption();

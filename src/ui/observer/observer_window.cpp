@@ -231,7 +231,15 @@ void FormObserver::UpdateValues(bool& done) {
     const ObserverInput in = CheckObserverInput(lat, lng, TxtTZ->text().toStdString(),
                                                 txtSCTZ->text().toStdString(), core_.DisplayWest);
     using Status = ObserverInput::Status;
-    if (in.status == Status::BadLatitude || in.status == Status::BadLongitude) return; // no message here
+    // A refused place is said, naming the field; the record keeps its values.
+    if (in.status == Status::BadLatitude) {
+        st_.dialogs.Message(Q(LatitudeRefusal(lat)), "Latitude Error", MsgButtons::OK, MsgIcon::Exclamation);
+        return;
+    }
+    if (in.status == Status::BadLongitude) {
+        st_.dialogs.Message(Q(LongitudeRefusal(lng)), "Longitude Error", MsgButtons::OK, MsgIcon::Exclamation);
+        return;
+    }
     if (in.status == Status::BadTimeZone) {
         st_.dialogs.Message(kTimeZoneErrorText, "Time Zone Error");
         return;
@@ -272,11 +280,17 @@ void FormObserver::SaveAsDefault() {
 }
 
 void FormObserver::SaveoB() {
-    std::string lngText = TxtLng->text().toStdString();
+    std::string latText = Txtlat->text().toStdString(), lngText = TxtLng->text().toStdString();
+    // A record with a refused place is never written.
+    if (ParseLatitude(latText) == kRejected) {
+        st_.dialogs.Message(Q(LatitudeRefusal(latText)), "Save Error", MsgButtons::OK, MsgIcon::Exclamation);
+        return;
+    }
     double longitude = ParseLongitude(lngText);
-    if (longitude == kRejected)
-        st_.dialogs.Message("An error occured while trying to save the Longitde.", "Save Error", MsgButtons::OK,
-                            MsgIcon::Exclamation);
+    if (longitude == kRejected) {
+        st_.dialogs.Message(Q(LongitudeRefusal(lngText)), "Save Error", MsgButtons::OK, MsgIcon::Exclamation);
+        return;
+    }
     if (core_.DisplayWest == "E") longitude = 360.0 - longitude;
     const ObserverFileContents contents{Txtlat->text().toStdString(), FormatLongitudeText(longitude),
                                         TxtTZ->text().toStdString()};
@@ -355,7 +369,7 @@ void FormObserver::ListCitiesClick(const QString& city) {
 void FormObserver::CmdTZClick() {
     FormTimeZones zones(this);
     zones.exec();
-    if (zones.SelectedTZ() < 99) TxtTZ->setText(QString::number(zones.SelectedTZ()));
+    if (zones.SelectedTZ() != FormTimeZones::kNoZone) TxtTZ->setText(QString::number(zones.SelectedTZ()));
 }
 
 void FormObserver::MapMouseMove(int x, int y) {

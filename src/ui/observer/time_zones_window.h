@@ -3,7 +3,7 @@
 //
 //     FormTimeZones zones(observerWindow);
 //     zones.exec();
-//     if (zones.SelectedTZ() < 99) ... // hours east
+//     if (zones.SelectedTZ() != FormTimeZones::kNoZone) ... // hours east
 //
 // Picture1 shows the picture at 1:1. A mouse move over the bar (y of 310 or more) remembers
 // its x; a click then picks the zone of that x and shows it in the title. CmdOK and Esc close

@@ -22,7 +22,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTableWidget>
@@ -146,7 +145,6 @@ void Form3::BuildControls() {
     Grid1->verticalHeader()->hide();
     Grid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
     Grid1->setSelectionMode(QAbstractItemView::SingleSelection);
-    Grid1->setContextMenuPolicy(Qt::CustomContextMenu);
     Grid1->horizontalHeader()->setMinimumSectionSize(64);
     Grid1->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
@@ -234,10 +232,6 @@ void Form3::BuildControls() {
     connect(Picture1, &PlotWidget::mouseMove, this, [this](int, float x, float) { Picture1MouseMove(x); });
     connect(Grid1, &QTableWidget::cellPressed, this, [this](int row, int column) {
         setWindowTitle(QString::number(column) + "    " + QString::number(row));
-    });
-    connect(Grid1, &QWidget::customContextMenuRequested, this, [this](const QPoint& p) {
-        const QModelIndex index = Grid1->indexAt(p);
-        if (index.isValid()) GridActions(index.row(), index.column());
     });
 }
 
@@ -428,18 +422,6 @@ void Form3::Picture1MouseMove(float x) {
     LBLJupAlt->setText("Jup Alt " + Q(FormatNumberMask(st_.minutes.MinuteJupAlt[k], "00")) + " deg.");
     LBLJupHA->setText("Jup HA " + Q(FormatNumberMask(st_.minutes.MinuteJupHA[k], "00.0")));
     LBLSunAlt->setText("Sun Alt " + Q(FormatNumberMask(st_.minutes.MinuteSunAlt[k], "00")) + " deg");
-}
-
-void Form3::GridActions(int row, int column) {
-    if (row < 1 || column < 1) return;
-    const QString text = Grid1->item(row, column) ? Grid1->item(row, column)->text() : QString();
-    if (text.isEmpty() || text == "NONE") return;
-    QMenu menu(this);
-    menu.setObjectName("mnuGridActions");
-    QAction* add = menu.addAction("Add Selected Event to Planner");
-    add->setObjectName("mnuAddToPlanner");
-    connect(add, &QAction::triggered, this, [this, text] { setWindowTitle(text); });
-    menu.exec(QCursor::pos());
 }
 
 void Form3::CmdPredictPrintClick() {

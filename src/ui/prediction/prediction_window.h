@@ -76,7 +76,6 @@ private:
     void ShowGrid();
     void DrawChart();
     // The right button on an event's time offers to add it to the planner.
-    void GridActions(int row, int column);
     ReportExclusions Exclusions() const;
     QString ReportPath();
 
