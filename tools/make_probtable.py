@@ -1,12 +1,15 @@
 #!/usr/bin/env python3
 """Build src/prediction/prob_table_rows.inc, the built-in emission probability table.
 
-The table holds the chance, in whole percent, of hearing Jupiter's decametric
-emission at each whole degree of Io phase (rows 1 to 360) and CML III
-(columns 1 to 360). It is a model made here, shaped after the published
-occurrence maps of the decametric sources (Carr, Desch & Alexander 1983,
-Physics of the Jovian Magnetosphere, ch. 7; Thieman & Smith 1979; Leblanc
-1981):
+The table holds a modelled chance, in whole percent, of hearing Jupiter's
+decametric emission at each whole degree of Io phase (rows 1 to 360) and CML III
+(columns 1 to 360). It is a model made here for this program, not a table of
+observations: no published occurrence values go into it. The published facts
+it follows are only that the Io-related sources are regions bounded in both
+CML and Io phase and the non-Io sources bands of CML at every Io phase (Zarka
+et al. 2018, A&A 618, A84, Fig. 1; Marques et al. 2017, A&A 604, A17); the
+regions are placed in the boxes of data/UFMODES.JMF, whose boundaries are not
+verified against a published table (see data/README.md). By hand:
 
 - a background of a few percent at all phases;
 - the non-Io sources as bands of CML at every Io phase: non-Io-A around
@@ -18,7 +21,7 @@ Physics of the Jovian Magnetosphere, ch. 7; Thieman & Smith 1979; Leblanc
   95-130).
 
 The coarse shape is fixed by a 12 x 12 sample at every 30 degrees of both
-(SAMPLE below); the table passes through it exactly. The Io sources are
+(SAMPLE below, set by hand, from no outside table); the table passes through it exactly. The Io sources are
 smooth bumps laid on it, and what the bumps leave of the sample is
 interpolated between the sample points by a periodic monotone cubic, which
 carries the background and the non-Io bands and never overshoots. A few
@@ -241,7 +244,7 @@ def check(table, rows):
                 assert LOWEST <= v < HIGHEST, (io, c, v)
     assert table[SHORT_ROW][360] == SHORT_ROW_LAST
     assert all(table[0][c] == 0 for c in range(361)) and all(table[r][0] == 0 for r in range(361))
-    # The sources where the literature puts them.
+    # The sources stand out inside their UFMODES.JMF boxes.
     assert max(table[90][100:190]) == 100
     assert table[240][236] > 70 and table[240][332] > 40
     assert max(table[150][200:280]) >= 15 and min(table[150][200:280]) >= 8

@@ -73,10 +73,10 @@ QString CreditsText() {
                "<table cellspacing='0' cellpadding='1'>"
                "<tr><td valign='top'>City list:&nbsp;</td><td>built from the tz database "
                "(zone1970.tab, iso3166.tab), in the public domain.</td></tr>"
-               "<tr><td valign='top'>World map:&nbsp;</td><td>NASA Visible Earth, earth.jpg as packaged "
+               "<tr><td valign='top'>World maps:&nbsp;</td><td>NASA Visible Earth, earth.jpg as packaged "
                "in Debian's xplanet-images. Image credit: NASA Goddard Space Flight Center.</td></tr>"
-               "<tr><td valign='top'>Star catalogue:&nbsp;</td><td>the Yale Bright Star Catalogue, "
-               "5th revised edition.</td></tr>"
+               "<tr><td valign='top'>Map labels:&nbsp;</td><td>the zone numbers of the time-zone map "
+               "are set in DejaVu Sans (Debian's fonts-dejavu-core).</td></tr>"
                "<tr><td valign='top'>Toolkit:&nbsp;</td><td>Qt %1, used under the GNU LGPL "
                "version 3.</td></tr>"
                "</table>")
