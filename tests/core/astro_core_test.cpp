@@ -278,7 +278,13 @@ TEST(LocalSky, RiseAndSet) {
     EXPECT_NEAR(c.SunSet, 12.0, 1e-6);
     EXPECT_NEAR(c.JupRise, 14.0, 1e-6);
     EXPECT_NEAR(c.JupSet, 2.0, 1e-6); // wrapped past 24
-    c.ObsLatitude = 80.0f;            // polar night: the Sun never rises
+    // RA below LST0: the transit is taken a day on (RA - LST0 + 24), so the set is not negative.
+    c.LST0 = 20.0f;
+    c.SunRA = 2.0;
+    c.UpdateRiseSet();
+    EXPECT_NEAR(std::remainder(c.SunRise, 24.0), 0.0, 1e-6);
+    EXPECT_NEAR(c.SunSet, 12.0, 1e-6);
+    c.ObsLatitude = 80.0f; // polar night: the Sun never rises
     c.SunDec = -20.0;
     c.UpdateRiseSet();
     EXPECT_EQ(c.SunRise, -1.0);
