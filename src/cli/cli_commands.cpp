@@ -126,9 +126,8 @@ int Readout(const Options& options, std::ostream& out) {
 }
 
 ReportExclusions Exclusions(const Options& options) {
-    return ExclusionsFromTexts(TextOption(options, "jup-alt-min", "0"),
-                               TextOption(options, "sun-alt-max", "0"), TextOption(options, "min-ha", "-6"),
-                               TextOption(options, "max-ha", "6"));
+    return ExclusionsFromTexts(NumberText(options, "jup-alt-min", "0"), NumberText(options, "sun-alt-max", "0"),
+                               NumberText(options, "min-ha", "-6"), NumberText(options, "max-ha", "6"));
 }
 
 // The prediction window's grid after a prediction of the date, and with --tables the day's
@@ -190,7 +189,7 @@ int Report(const Options& options) {
         core.DateFormatChoice = choice[0] - '0';
     }
     // A negative minimum becomes "0", as the options window sets it.
-    double minimum = ValueOfText(TextOption(options, "min-duration", "0"));
+    double minimum = ValueOfText(NumberText(options, "min-duration", "0"));
     if (minimum < 0.0) minimum = 0.0;
     Keep(report.ReportMinDuration, minimum);
     report.ReportHeader = !options.count("no-header");

@@ -5,7 +5,12 @@
 #include "formats/observer_record.h"
 #include "platform/program_directory.h"
 
+#include <array>
+#include <cctype>
+#include <cmath>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 
 namespace tarvelle {
 
@@ -53,19 +58,22 @@ void RequireOnly(const Options& options, std::initializer_list<const char*> allo
 
 namespace {
 
-void SetObserver(Core& core, std::string lat, std::string lng, const std::string& tz) {
+// names: how the three values are called in a message ("--lat (latitude)", or the file's line).
+void SetObserver(Core& core, std::string lat, std::string lng, const std::string& tz,
+                 const std::array<std::string, 3>& names) {
     const struct {
         const std::string& text;
-        const char* name;
+        const std::string& name;
         bool angle;
-    } fields[] = {{lat, "latitude", true}, {lng, "longitude", true}, {tz, "time zone", false}};
+    } fields[] = {{lat, names[0], true}, {lng, names[1], true}, {tz, names[2], false}};
     for (const auto& f : fields)
-        if (!IsObserverNumberForm(f.text, f.angle))
-            throw UsageError(std::string(f.name) + " '" + f.text + "' is not a number");
+        if (!IsObserverNumberForm(f.text, f.angle)) throw UsageError(f.name + " '" + f.text + "' is not a number");
     const double latitude = ParseLatitude(lat);
     const double longitude = ParseLongitude(lng);
-    if (latitude == kRejected) throw UsageError("latitude '" + lat + "' is not valid");
-    if (longitude == kRejected) throw UsageError("longitude '" + lng + "' is not valid");
+    const double zone = ValueOfText(tz);
+    if (latitude == kRejected) throw UsageError(names[0] + " '" + lat + "' is not valid");
+    if (longitude == kRejected) throw UsageError(names[1] + " '" + lng + "' is not valid");
+    if (zone < -24.0 || zone > 24.0) throw UsageError(names[2] + " '" + tz + "' is not from -24 to 24");
     core.ObLatText = lat;
     core.ObLngText = lng;
     core.ObsLatitude = static_cast<float>(latitude);
@@ -79,7 +87,8 @@ void LoadObserver(Core& core, const Options& options) {
     const bool byTexts = options.count("lat") || options.count("lng") || options.count("tz");
     if (byTexts) {
         if (!options.count("lat") || !options.count("lng")) throw UsageError("--lat and --lng go together");
-        SetObserver(core, options.at("lat"), options.at("lng"), options.count("tz") ? options.at("tz") : "0");
+        SetObserver(core, options.at("lat"), options.at("lng"), options.count("tz") ? options.at("tz") : "0",
+                    {"--lat (latitude)", "--lng (longitude)", "--tz (time zone)"});
         return;
     }
     std::string path;
@@ -95,7 +104,9 @@ void LoadObserver(Core& core, const Options& options) {
         throw UsageError("cannot read observer file " + path + " (error " + std::to_string(errorNumber) +
                          ")");
     core.ObFileName = path;
-    SetObserver(core, contents->latitudeText, contents->longitudeText, contents->timeZoneText);
+    SetObserver(core, contents->latitudeText, contents->longitudeText, contents->timeZoneText,
+                {"latitude (line 1 of " + path + ")", "longitude (line 2 of " + path + ")",
+                 "time zone (line 3 of " + path + ")"});
 }
 
 double RequireInstant(const Options& options, const char* key, bool withTime) {
@@ -112,6 +123,22 @@ double RequireInstant(const Options& options, const char* key, bool withTime) {
 std::string TextOption(const Options& options, const char* key, const char* fallback) {
     const auto it = options.find(key);
     return it == options.end() ? fallback : it->second;
+}
+
+std::string NumberText(const Options& options, const char* key, const char* fallback) {
+    const std::string text = TextOption(options, key, fallback);
+    size_t i = 0;
+    while (i < text.size() && (text[i] == ' ' || text[i] == '\t')) ++i;
+    if (i < text.size() && (text[i] == '-' || text[i] == '+')) ++i;
+    // &H and &O numbers count, as the windows read them.
+    const bool based = i + 2 < text.size() && text[i] == '&' && std::strchr("HhOo", text[i + 1]) != nullptr;
+    if (based) i += 2;
+    else if (i < text.size() && text[i] == '.') ++i;
+    const bool digit = i < text.size() && std::isxdigit(static_cast<unsigned char>(text[i])) &&
+                       (based || std::isdigit(static_cast<unsigned char>(text[i])));
+    if (!digit || !std::isfinite(std::strtod(text.c_str(), nullptr)))
+        throw UsageError(std::string("--") + key + " '" + text + "' is not a number");
+    return text;
 }
 
 void LoadModes(ModeTableState& modes, const Options& options) {

@@ -42,6 +42,11 @@ void RequireOnly(const Options& options, std::initializer_list<const char*> allo
 // The option's text, or fallback when it is absent.
 std::string TextOption(const Options& options, const char* key, const char* fallback);
 
+// An option typed as in a window's number field: the text as it stands ("10deg" reads 10), but
+// refused unless it starts with a finite number, &H and &O forms included ("", "abc", "nan" and
+// "1e309" are refused).
+std::string NumberText(const Options& options, const char* key, const char* fallback);
+
 // The observer of --observer FILE or --lat/--lng/--tz, else viewer.obs of the program directory
 // (else the bundled one), into the core.
 void LoadObserver(Core& core, const Options& options);

@@ -26,17 +26,17 @@ void Core::UpdateSiderealTime() {
     UpdateDayNumbers();
     const double T = (JD0 - 2451545.0) / 36525.0;
     double G = 8640184.812866 * T + 0.093104 * T * T - 6.2e-06 * T * T * T;
-    while (G < 0.0) G += 86400.0;
+    G = StepUp(G, 0.0, 86400.0);
     const double B = 24110.54841 + G;
     LST0 = static_cast<float>(B / 3600.0);
-    while (LST0 > 24.0f) LST0 = static_cast<float>(static_cast<double>(LST0) - 24.0);
+    LST0 = StepDown(LST0, 24.0, 24.0);
     LST0 = static_cast<float>(static_cast<double>(LST0) - static_cast<double>(ObsLongitude) / 15.0);
-    while (LST0 < 0.0f) LST0 = static_cast<float>(static_cast<double>(LST0) + 24.0);
+    LST0 = StepUp(LST0, 0.0, 24.0);
     double Y = (S * 1.002737908 + B) / 3600.0;
-    while (Y > 24.0) Y -= 24.0;
-    while (Y < 0.0) Y += 24.0;
+    Y = StepDown(Y, 24.0, 24.0);
+    Y = StepUp(Y, 0.0, 24.0);
     LST = static_cast<float>(Y - static_cast<double>(ObsLongitude) / 15.0);
-    while (LST < 0.0f) LST = static_cast<float>(static_cast<double>(LST) + 24.0);
+    LST = StepUp(LST, 0.0, 24.0);
 }
 
 void Core::UpdatePositions() {

@@ -132,7 +132,9 @@ std::optional<double> ParseIsoDateTime(std::string_view text) {
             static_cast<size_t>(used) != r.size())
             return std::nullopt;
     }
-    if (mo < 1 || mo > 12 || d < 1 || d > 31 || h < 0 || h > 23 || mi < 0 || mi > 59 || s < 0 || s > 59)
+    // Years past 9999 are refused, as everywhere in the station.
+    if (y < 100 || y > 9999 || mo < 1 || mo > 12 || d < 1 || d > 31 || h < 0 || h > 23 || mi < 0 || mi > 59 ||
+        s < 0 || s > 59)
         return std::nullopt;
     if (FieldsOf(DateSerial(y, mo, d)).day != d) return std::nullopt; // 31 April and the like
     return DateSerial(y, mo, d) + TimeSerial(h, mi, s);

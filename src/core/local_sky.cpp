@@ -38,9 +38,9 @@ void RiseSetOf(double ra, double dec, float lst0, float latitude, double& rise, 
     const double a = 2.0 * std::atan(v / (1.0 + std::sqrt(1.0 - v * v) + 1e-20)); // arcsine of v
     const double h = ((2.0 * std::atan(1.0)) - a) * kRadToDeg / 15.0;             // semi-arc, hours
     rise = A - h;
-    while (rise < 0.0) rise += 24.0;
+    rise = StepUp(rise, 0.0, 24.0);
     set = A + h;
-    while (set > 24.0) set -= 24.0;
+    set = StepDown(set, 24.0, 24.0);
 }
 
 } // namespace
@@ -49,11 +49,11 @@ namespace {
 
 void EquatorialToHorizontal(double sinL, double cosL, double lst, double ra, double dec, double& alt, double& az) {
     double H = lst - ra;
-    while (H < 0.0) H += 24.0;
+    H = StepUp(H, 0.0, 24.0);
     double r = 0.0, m = 0.0;
     SphericalKernel(dec * kDegToRad, H * 15.0 * kDegToRad, sinL, cosL, r, m);
     az = m * kRadToDeg;
-    while (az > 360.0) az -= 360.0;
+    az = StepDown(az, 360.0, 360.0);
     alt = r * kRadToDeg;
 }
 
@@ -72,8 +72,8 @@ void ConvertEquatorialHorizontal(double lat, double /*lng*/, double lst, double&
     const double H = m * kRadToDeg / 15.0;
     dec = r * kRadToDeg;
     ra = lst - H;
-    while (ra < 0.0) ra += 24.0;
-    while (ra > 24.0) ra -= 24.0;
+    ra = StepUp(ra, 0.0, 24.0);
+    ra = StepDown(ra, 24.0, 24.0);
 }
 
 void AngularSeparation(double ra1, double dec1, double ra2, double dec2, double& out) {

@@ -35,6 +35,31 @@ inline double RoundHalfEven(double x) {
     return std::nearbyint(x);
 }
 
+// The step-by-step reductions of angles and times: `while (x > top) x -= step;` and
+// `while (x < bottom) x += step;`, each step computed in double and stored back in x's own
+// precision, exactly as the loops do. They stop after kMaxWrapSteps steps, so that no value
+// (a year of 100,000,000, a longitude of 1e12, an infinity) can keep them going: what is still
+// out of range then is brought in at once, and a value that is not finite is left as it is.
+inline constexpr int kMaxWrapSteps = 100000;
+
+template <typename T>
+T StepDown(T x, double top, double step) {
+    for (int i = 0; i < kMaxWrapSteps && static_cast<double>(x) > top; ++i)
+        x = static_cast<T>(static_cast<double>(x) - step);
+    if (static_cast<double>(x) > top && std::isfinite(static_cast<double>(x)))
+        x = static_cast<T>(top - step + std::fmod(static_cast<double>(x) - (top - step), step));
+    return x;
+}
+
+template <typename T>
+T StepUp(T x, double bottom, double step) {
+    for (int i = 0; i < kMaxWrapSteps && static_cast<double>(x) < bottom; ++i)
+        x = static_cast<T>(static_cast<double>(x) + step);
+    if (static_cast<double>(x) < bottom && std::isfinite(static_cast<double>(x)))
+        x = static_cast<T>(bottom + step - std::fmod(bottom + step - static_cast<double>(x), step));
+    return x;
+}
+
 // Integer part towards zero, and the sign function that yields -1, 0 or 1.
 inline double Fix(double x) {
     return std::trunc(x);

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 using namespace tarvelle;
 
@@ -340,4 +341,32 @@ TEST(DayTables, NothingWhileShuttingDown) {
     c.ShuttingDown = true;
     c.BuildDayTables(DateSerial(2026, 1, 1));
     EXPECT_EQ(c.Day.DayMinuteTime[0], 0.0);
+}
+
+// Regression: a longitude or a date far out of range kept the sidereal reductions looping for
+// ever (CTest's time limit turns a hang into a failure).
+TEST(Clock, ReductionsEndWhateverReachesThem) {
+    const double inf = std::numeric_limits<double>::infinity();
+    const struct {
+        double ut;
+        float longitude;
+        bool finite;
+    } cases[] = {{DateSerial(2024, 3, 5), 1e12f, true},        {DateSerial(2024, 3, 5), -1e12f, true},
+                 {DateSerial(9999, 12, 31) + 0.75, 76.5f, true}, {DateSerial(100, 1, 1), 76.5f, true},
+                 {DateSerial(2024, 3, 5), static_cast<float>(inf), false}};
+    for (const auto& c : cases) {
+        Core core;
+        core.ObsLatitude = 39.25f;
+        core.ObsLongitude = c.longitude;
+        core.CurrentUT = c.ut;
+        core.UpdateSiderealTime();
+        core.UpdatePositions();
+        if (!c.finite) continue;
+        EXPECT_TRUE(std::isfinite(core.LST)) << c.longitude;
+        if (std::fabs(c.longitude) > 360.0f) continue; // no upper wrap follows the longitude
+        EXPECT_GE(core.LST, 0.0f) << c.longitude;
+        EXPECT_LE(core.LST, 24.0f) << c.longitude;
+        EXPECT_GE(core.LST0, 0.0f) << c.longitude;
+        EXPECT_LE(core.LST0, 24.0f) << c.longitude;
+    }
 }
