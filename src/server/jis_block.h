@@ -2,25 +2,25 @@
 // reads, the parameters in the settings store, and what a client's data asks for.
 //
 // A client connects to JISIP:JISPort (127.0.0.1:4711 by default) and gets nothing until it
-// asks. Every line ends in CR LF; there is no header, length or end mark. A sample exchange,
-// all options on, one mode active:
+// asks. Every line ends in CR LF; there is no header, length or end mark. A sample exchange
+// with the sample observer (39:15 N, 76:30 W), all options on:
 //
-//   client: J
+//   client: P43000.5          (moves the whole station to 2017-09-22 12:00 GMT, then as "J")
 //   server: Year = 2017\r\n
 //           Month = 09\r\n
 //           Day = 22\r\n
 //           Hour = 12\r\n
 //           Minute = 00\r\n
 //           Second = 00\r\n
-//           LMSTTIME =  LMST: 06:56:12\r\n
-//           JUP ALT = 09\r\n
-//           JUP AZ = 231\r\n
-//           CML3 = 081.4\r\n
-//           IO PHASE = 230.9\r\n
-//           MODE =    Io-B\r\n
-//           SUN ALT = 45\r\n
-//           SUNAZ = 177\r\n
-//   client: P43000.5          (moves the whole station to 2017-09-22 12:00 GMT, then as "J")
+//           LMSTTIME =  LMST: 07:00:10\r\n
+//           JUP ALT = -59\r\n
+//           JUP AZ = 344\r\n
+//           CML3 = 208.2\r\n
+//           IO PHASE = 104.7\r\n
+//           MODE =    non-Io-B\r\n
+//           SUN ALT = -47\r\n
+//           SUNAZ = 026\r\n
+//   client: J                 (the same block again)
 //
 // Only capitals count: "j" is ignored. Data holding both letters gets two blocks, "J" first.
 #pragma once

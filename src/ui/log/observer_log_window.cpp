@@ -66,13 +66,17 @@ FormObserverLog::FormObserverLog(Station& station, QWidget* parent) : StationWin
 }
 
 void FormObserverLog::BuildMenus(QMenuBar* bar) {
-    auto add = [this](QMenu* menu, const char* name, const char* caption) {
+    auto add = [](QMenu* menu, const char* name, const char* caption) {
         QAction* a = menu->addAction(caption);
         a->setObjectName(name);
         return a;
     };
-    QMenu* file = bar->addMenu("&File");
-    file->setObjectName("mnuFile");
+    auto menu = [bar](const char* name, const char* caption) {
+        QMenu* m = bar->addMenu(caption);
+        m->setObjectName(name);
+        return m;
+    };
+    QMenu* file = menu("mnuFile", "&File");
     mnuNew = add(file, "mnuNew", "&New");
     mnuLoad = add(file, "mnuLoad", "&Load");
     mnuSave = add(file, "mnuSave", "&Save");
@@ -80,22 +84,19 @@ void FormObserverLog::BuildMenus(QMenuBar* bar) {
     mnuHide = add(file, "mnuHide", "&Hide");
     mnuAppendFile = add(file, "mnuAppendFile", "&Append File");
     mnuExit = add(file, "mnuExit", "E&xit");
-    QMenu* edit = bar->addMenu("&Edit");
-    edit->setObjectName("mnuEdit");
+    QMenu* edit = menu("mnuEdit", "&Edit");
     mnuCopy = add(edit, "mnuCopy", "&Copy");
     mnuCut = add(edit, "mnuCut", "Cut");
     mnuPaste = add(edit, "mnuPaste", "Paste");
     mnuSelectAll = add(edit, "mnuSelectAll", "Select &All");
     mnuDelete = add(edit, "mnuDelete", "&Delete");
-    QMenu* options = bar->addMenu("&Options");
-    options->setObjectName("mnuOptions");
+    QMenu* options = menu("mnuOptions", "&Options");
     mnuUseUT = add(options, "mnuUseUT", "Use &UT");
     mnuUseUT->setCheckable(true);
     mnuDefaultLogDirectory = add(options, "mnuDefaultLogDirectory", "&Default Log Directory");
     mnuQuickLog = add(options, "mnuQuickLog", "&Quick Log");
     mnuQuickLog->setCheckable(true);
-    QMenu* insert = bar->addMenu("&Insert");
-    insert->setObjectName("mnuInsert");
+    QMenu* insert = menu("mnuInsert", "&Insert");
     mnuTimeStamp = add(insert, "mnuTimeStamp", "&Time Stamp");
     mnuJupAltAz = add(insert, "mnuJupAltAz", "Current Jup &Alt Az");
     mnuCMLIoPhase = add(insert, "mnuCMLIoPhase", "Current CML Io &Phase");

@@ -38,7 +38,7 @@ void Form1::StartJIS() {
     if (const auto failure = socket1_->Start(st_.server.JISIP, st_.server.JISPort)) {
         jisRunning_ = false;
         jisFailure_ = *failure;
-        LBLQ->setText("Jupiter Information Server not running. " + *failure);
+        LBLQ->setText("JIS not running: " + *failure);
         return;
     }
     jisRunning_ = true;
