@@ -29,18 +29,21 @@ std::optional<QString> JisServer::Start(const QString& ip, int port) {
     const auto address = ParseAddress(ip);
     if (!address) return "\"" + ip + "\" is not an IP address.";
     if (port < 0 || port > 65534) return "Port " + QString::number(port) + " is out of range.";
-    listener_ = new QTcpServer(this);
-    if (!listener_->listen(*address, static_cast<quint16>(port))) {
-        const QString why = "Cannot listen on " + Where(ip, port) + ": " + listener_->errorString();
-        Stop();
-        return why;
-    }
-    const int actual = listener_->serverPort();
-    reserved_ = new QTcpSocket(this);
-    if (!reserved_->bind(*address, static_cast<quint16>(actual + 1))) {
+    // Port 0 lets the system choose; it is asked again when the port above its choice is taken.
+    const int attempts = port == 0 ? 20 : 1;
+    for (int attempt = 1;; ++attempt) {
+        listener_ = new QTcpServer(this);
+        if (!listener_->listen(*address, static_cast<quint16>(port))) {
+            const QString why = "Cannot listen on " + Where(ip, port) + ": " + listener_->errorString();
+            Stop();
+            return why;
+        }
+        const int actual = listener_->serverPort();
+        reserved_ = new QTcpSocket(this);
+        if (reserved_->bind(*address, static_cast<quint16>(actual + 1))) break;
         const QString why = "Cannot take port " + Where(ip, actual + 1) + ": " + reserved_->errorString();
         Stop();
-        return why;
+        if (attempt == attempts) return why;
     }
     connect(listener_, &QTcpServer::newConnection, this, &JisServer::Accept);
     return std::nullopt;
