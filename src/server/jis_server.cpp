@@ -93,6 +93,9 @@ void JisServer::Write(const QByteArray& data) {
         return;
     }
     client_->write(data);
+    // Out at once: a client that sends its request and then closes its side still gets the
+    // block, which would otherwise wait for the event loop and be dropped with the socket.
+    client_->flush();
 }
 
 // Each request replaces the client; of several waiting at once, the last one stays.

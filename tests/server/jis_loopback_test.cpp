@@ -16,6 +16,8 @@
 #include <QThread>
 #include <QTimer>
 
+#include <sys/socket.h>
+
 #include <algorithm>
 #include <functional>
 #include <memory>
@@ -125,6 +127,21 @@ TEST_F(JisLoopbackTest, ASecondClientCutsOffTheFirst) {
     EXPECT_TRUE(Serve([&] { return first->state() == QAbstractSocket::UnconnectedState; }));
     ASSERT_TRUE(Serve([&] { return second->state() == QAbstractSocket::ConnectedState && form->Socket1().IsConnected(); }));
     EXPECT_EQ(Ask(*second, "J", 10).toStdString(), Expected());
+}
+
+// A one-shot client ("printf J | socat - TCP:...") closes its side right after asking.
+TEST_F(JisLoopbackTest, AClientThatClosesAfterAskingStillGetsTheBlock) {
+    auto client = Connect();
+    const std::string expected = Expected();
+    client->write("J");
+    client->flush();
+    ASSERT_EQ(::shutdown(static_cast<int>(client->socketDescriptor()), SHUT_WR), 0);
+    QByteArray got;
+    Serve([&] {
+        got += client->readAll();
+        return got.size() >= static_cast<qsizetype>(expected.size());
+    });
+    EXPECT_EQ(got.toStdString(), expected);
 }
 
 TEST_F(JisLoopbackTest, PushesWhenThePeriodHasRunOut) {
