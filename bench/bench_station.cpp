@@ -1,6 +1,7 @@
 // The station window: one tick, and start to first readout. Budgets: 1 ms and 400 ms.
 #include "core/date_value.h"
 #include "ui/main/main_window.h"
+#include "bench_station.h"
 
 #include <benchmark/benchmark.h>
 
@@ -14,24 +15,6 @@
 using namespace tarvelle;
 
 namespace {
-
-struct Bench {
-    QTemporaryDir dir;
-    QString programDir = dir.path() + "/";
-    SettingsStore settings{dir.filePath("settings.ini")};
-    FakeClock clock;
-    ScriptedDialogs dialogs;
-    RecordingDesktop desktop;
-    Station station{settings, clock, dialogs, desktop, programDir};
-
-    Bench() {
-        QFile f(programDir + "viewer.obs");
-        if (f.open(QIODevice::WriteOnly)) f.write("\"39:15:00.0\"\r\n\"76:30:00.0\"\r\n\"-5\"\r\n");
-        f.close();
-        clock.local = DateSerial(2026, 11, 22) + TimeSerial(15, 30, 0);
-        clock.biasHours = 5.0;
-    }
-};
 
 // Read the clock, recompute and relabel, within one date.
 void BM_MainWindowTick(benchmark::State& state) {

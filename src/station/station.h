@@ -13,6 +13,8 @@
 
 #include <QString>
 
+#include <cstdint>
+
 namespace tarvelle {
 
 // The automation task's limits on Jupiter's altitude for the activity line.
@@ -22,12 +24,15 @@ struct AutomationLimits {
     bool DoneToday = false;
 };
 
-// When the information server pushes its values to a connected client.
+// The information server's parameters and when it pushes its values to a connected client.
 struct ServerSchedule {
-    int RunJIS = 0;
-    int PushJIS = 0;
-    double JISMin = 1.0;      // minutes between pushes
-    double LastJISSend = 0.0; // computer's clock at the last push
+    int16_t RunJIS = 0;          // start the server at start-up
+    int16_t PushJIS = 0;         // send the block periodically
+    int16_t JISMin = 10;         // minutes between pushes
+    double LastJISSend = 0.0;    // computer's clock at the last sending
+    QString JISIP = "127.0.0.1"; // local address to listen on
+    int16_t JISPort = 4711;      // local port; the one above it is taken too
+    bool JIStime = true, JISjupALTAZ = true, JISjupCMLIO = true, JISjupMODE = true, JISsun = true;
 };
 
 struct Station {

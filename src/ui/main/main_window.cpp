@@ -4,6 +4,7 @@
 #include "render/artwork.h"
 #include "ui/common/calendar_window.h"
 #include "ui/prediction/cmio_plane_window.h"
+#include "server/jis_server.h"
 #include "ui/common/date_format_window.h"
 #include "core/date_value.h"
 #include "station/help_commands.h"
@@ -126,6 +127,7 @@ Form1::Form1(Station& station, QWidget* parent) : QMainWindow(parent), st_(stati
     PlaceButtons();
     ArrangeDateBoxes();
     ConnectCommands();
+    ConnectServerAndLog();
 }
 
 Form1::~Form1() = default;
@@ -182,8 +184,8 @@ void Form1::BuildMenus() {
     AddAction(automation, "mnuStepThroughScript", "&Step Through Script");
     AddAction(automation, "MnuLoadEditScript", "&Load/Edit Script");
     mnuCalendar = AddAction(tools, "mnuCalendar", "&Calendar");
-    AddAction(tools, "mnuObserverLog", "&Observer Log");
-    AddAction(tools, "mnuJIS", "&Jupiter Information Server");
+    mnuObserverLog = AddAction(tools, "mnuObserverLog", "&Observer Log");
+    mnuJIS = AddAction(tools, "mnuJIS", "&Jupiter Information Server");
     AddAction(tools, "mnuAltAzTable", "&Alt Az Table");
 
     QMenu* window = menu("MnuWindow", "&Window");
@@ -494,7 +496,7 @@ void Form1::DisplayCaption() {
 void Form1::closeEvent(QCloseEvent* event) {
     core_.ShuttingDown = true;
     timer1_->stop();
-    // The information server's connection is closed here once the server is built.
+    socket1_->Disconnect();
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (qsizetype i = windows.size() - 1; i >= 0; --i) {
         QWidget* w = windows[i];
@@ -794,6 +796,7 @@ void Form1::MnuPredictionClick() {
         },
         this);
     form3->setAttribute(Qt::WA_DeleteOnClose);
+    connect(form3, &Form3::showForThisTime, this, [this](double t) { ShowForThisTime(t, true); });
     RegisterViewWindow(form3, MnuPrediction, MnuWindowPredict);
     form3->show();
 }

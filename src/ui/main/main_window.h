@@ -6,16 +6,18 @@
 // Timer1), then show(). Each Timer1 tick reads the clock and refreshes the readout.
 #pragma once
 
+#include "server/jis_control.h"
 #include "station/station.h"
 
 #include "render/picture_store.h"
 
 #include <QMainWindow>
 
+#include <functional>
 #include <memory>
-
 #include <optional>
 #include <string>
+#include <vector>
 
 class QAction;
 class QEvent;
@@ -29,7 +31,10 @@ class QWidget;
 
 namespace tarvelle {
 
-class Form1 : public QMainWindow {
+class JisServer;
+class FormObserverLog;
+
+class Form1 : public QMainWindow, public JisControl {
     Q_OBJECT
 public:
     explicit Form1(Station& station, QWidget* parent = nullptr);
@@ -76,6 +81,23 @@ public:
     // the Window menu, which brings it back into view.
     void RegisterViewWindow(QWidget* window, QAction* displayItem, QAction* windowEntry);
 
+    // The information server. Socket events arrive here: a "J" sends the block, a "P" puts the
+    // station at the instant asked for and then sends it.
+    void LoadJISParameters();
+    void StartJIS() override;
+    void StopJIS() override;
+    void SendJISInfo() override;
+    bool JISRunning() const override { return jisRunning_; }
+    QString JISFailure() const override { return jisFailure_; }
+    JisServer& Socket1() const { return *socket1_; }
+    // Puts the whole station at instant t (GMT) in fixed time and brings the open views there;
+    // with openWindows, a view that is not open is opened.
+    void ShowForThisTime(double t, bool openWindows);
+    // The last visible top-level window carrying the tag, if any.
+    static QWidget* TaggedWindow(const char* tag);
+    void mnuJISClick();
+    void mnuObserverLogClick();
+
     const std::string& TitleText() const { return titleText_; }
     const std::string& VersionText() const { return versionText_; }
     int LastDay() const { return lastDay_; }
@@ -104,10 +126,16 @@ private:
     void LoadPictureStore();
     void LoadModeFile();
     void LoadAutomationParameters() {}
-    void LoadJISParameters() {}
-    void StartJIS() {}
     void AutomationMonitor() {}
-    void SendJISInfo() {}
+
+    // The server's and the log's commands, and the views ShowForThisTime serves.
+    void ConnectServerAndLog();
+    struct TimedView {
+        const char* tag;                       // the "tag" property the window carries
+        std::function<void(QWidget*)> refresh; // brings an open window to the instant
+        std::function<void()> open;            // opens the window at the instant
+    };
+    std::vector<TimedView> ViewsForThisTime();
 
     Station& st_;
     Core& core_;
@@ -124,6 +152,10 @@ private:
     std::unique_ptr<Form8> form8_;
     QWidget* buttonRow_ = nullptr;
     QWidget* datePanel_ = nullptr;
+    JisServer* socket1_ = nullptr;
+    bool jisRunning_ = false;
+    QString jisFailure_;
+    FormObserverLog* observerLog_ = nullptr; // hidden, not closed, by its Hide command
 
 public:
     // Controls, named as their objectNames.
@@ -144,6 +176,7 @@ public:
     QAction *mnuHTMLHelp = nullptr, *mnuOnLineHelp = nullptr, *mnuAbout = nullptr;
     QAction *MnuPrediction = nullptr, *MnuWindowPredict = nullptr;
     QAction *MnuCMIOPlaneMap = nullptr, *MnuWindowCMIOPlane = nullptr;
+    QAction *mnuJIS = nullptr, *mnuObserverLog = nullptr;
     QAction *MnuLoadModeFile = nullptr, *MnuSaveModeFile = nullptr, *MnuEditModeFile = nullptr;
     QLabel* PicJupIcon = nullptr; // shown while a mode is active
     Form8* PictureStore() const { return form8_.get(); }

@@ -39,6 +39,7 @@ FormCMIoPlane::FormCMIoPlane(Station& station, Form8& pictures, std::function<vo
     : StationWindow(station, parent), pictures_(pictures),
       startMainTimer_(std::move(startMainTimer)), onClosed_(std::move(onClosed)) {
     setObjectName("FormCMIoPlane");
+    setProperty("tag", "cmio"); // found by ShowForThisTime
     setMouseTracking(true);
     BuildControls();
 

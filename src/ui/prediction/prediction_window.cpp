@@ -14,6 +14,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QCursor>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -230,6 +231,14 @@ void Form3::BuildControls() {
         close();
     });
     connect(Picture1, &PlotWidget::mouseMove, this, [this](int, float x, float) { Picture1MouseMove(x); });
+    mnuOtherScreens = new QMenu(this);
+    mnuOtherScreens->setObjectName("mnuOtherScreens");
+    mnuShowForThisTime = mnuOtherScreens->addAction("Show Available Views for this time.");
+    mnuShowForThisTime->setObjectName("mnuShowForThisTime");
+    connect(mnuShowForThisTime, &QAction::triggered, this, [this] { emit showForThisTime(PredictDate); });
+    connect(Picture1, &PlotWidget::mouseDown, this, [this](int pressed, float x, float) {
+        if (pressed == 2) Picture1RightButton(x);
+    });
     connect(Grid1, &QTableWidget::cellPressed, this, [this](int row, int column) {
         setWindowTitle(QString::number(column) + "    " + QString::number(row));
     });
@@ -412,6 +421,13 @@ void Form3::cmdNowClick() {
     ShowDateInFields(PredictDate);
     CmdPredict->setFocus();
     CmdPredictClick();
+}
+
+void Form3::Picture1RightButton(float x) {
+    if (!(PredictDate > 0)) return;
+    PredictDate = std::floor(PredictDate) + static_cast<double>(x) / 86400.0;
+    setWindowTitle("Tarvelle Predictions  ");
+    mnuOtherScreens->popup(QCursor::pos());
 }
 
 void Form3::Picture1MouseMove(float x) {

@@ -17,6 +17,7 @@
 
 class QLabel;
 class QLineEdit;
+class QAction;
 class QMenu;
 class QPushButton;
 class QTableWidget;
@@ -65,6 +66,14 @@ public:
     PlotWidget* PicSunAlt = nullptr;
     class ImageCamera* ImageCamera = nullptr; // copies the chart to the clipboard
     QTableWidget* Grid1 = nullptr;
+    // The right button on the chart: the views at the moment under the mouse.
+    QMenu* mnuOtherScreens = nullptr;
+    QAction* mnuShowForThisTime = nullptr;
+    void Picture1RightButton(float x);
+
+signals:
+    // The user asks to see the station's views at instant t (GMT); the main window serves it.
+    void showForThisTime(double t);
 
 protected:
     void closeEvent(QCloseEvent* event) override;

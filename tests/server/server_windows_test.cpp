@@ -1,0 +1,111 @@
+// The server's options window and the prediction chart's view command, offscreen.
+#include "core/date_value.h"
+#include "server/jis_server.h"
+#include "station_test.h"
+#include "ui/main/main_window.h"
+#include "ui/prediction/prediction_window.h"
+#include "ui/server/server_options_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+
+#include <memory>
+
+using namespace tarvelle;
+
+namespace {
+
+class ServerWindowsTest : public StationTest {
+protected:
+    void SetUp() override {
+        StationTest::SetUp();
+        form = std::make_unique<Form1>(*station);
+        form->Load();
+    }
+    FormServerOptions& OpenOptions() {
+        form->mnuJIS->trigger();
+        auto* w = form->findChild<FormServerOptions*>();
+        EXPECT_NE(w, nullptr);
+        return *w;
+    }
+    std::unique_ptr<Form1> form;
+};
+
+} // namespace
+
+TEST_F(ServerWindowsTest, OptionsTakeSaveAndRunTheServer) {
+    ASSERT_TRUE(form->mnuJIS->isEnabled());
+    FormServerOptions& w = OpenOptions();
+    EXPECT_EQ(w.txtPort->text(), "4711");
+    EXPECT_EQ(w.LBLCS->text(), "JIS is not Running");
+
+    // A port that does not fit 16 bits is refused, and nothing is taken.
+    w.txtPort->setText("40000");
+    w.chkSun->setChecked(false);
+    w.CmdSave->click();
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_TRUE(dialogs.messages[0].text.contains("32767"));
+    EXPECT_TRUE(station->server.JISsun);
+    EXPECT_TRUE(settings->get("Settings", "JISPort").isEmpty());
+
+    // Taken and saved: all ten keys.
+    w.txtPort->setText("0");
+    w.txtMin->setText("2.5");
+    w.ChkPush->setChecked(true);
+    w.txtIP->setText("127.0.0.1");
+    w.CmdSave->click();
+    ASSERT_EQ(dialogs.messages.size(), 2u);
+    EXPECT_EQ(dialogs.messages[1].text, "JIS Settings Saved.");
+    EXPECT_EQ(station->server.JISMin, 2);
+    EXPECT_EQ(station->server.PushJIS, 1);
+    EXPECT_FALSE(station->server.JISsun);
+    EXPECT_EQ(settings->get("Settings", "JISsun"), "False");
+    EXPECT_EQ(settings->get("Settings", "JISMin"), " 2");
+
+    // Start and stop from the window; the state follows.
+    w.cmdRun->click();
+    EXPECT_TRUE(form->JISRunning());
+    EXPECT_EQ(w.LBLCS->text(), "JIS is Running");
+    w.cmdRun->click();
+    EXPECT_FALSE(form->JISRunning());
+
+    // A start that fails says why on the window and on the status line.
+    w.txtIP->setText("192.0.2.77");
+    w.cmdTest->click();
+    EXPECT_FALSE(form->JISRunning());
+    EXPECT_EQ(w.LBLCS->text(), "JIS is not Running");
+    EXPECT_FALSE(w.LBLFailure->text().isEmpty());
+}
+
+TEST_F(ServerWindowsTest, TheChartsRightButtonShowsTheViewsAtThatMoment) {
+    UseSampleObserver();
+    form->MnuPrediction->trigger();
+    auto* chart = form->findChild<Form3*>();
+    ASSERT_NE(chart, nullptr);
+    chart->PredictDate = DateSerial(2017, 9, 22);
+    chart->Picture1RightButton(6 * 3600.0f);
+    EXPECT_EQ(chart->windowTitle(), "Tarvelle Predictions  ");
+    chart->mnuShowForThisTime->trigger();
+    EXPECT_FALSE(core().RealTimeMode);
+    EXPECT_FALSE(form->MnuRealTime->isChecked());
+    EXPECT_EQ(station->fixed.FixedUT, DateSerial(2017, 9, 22) + 0.25);
+    EXPECT_EQ(form->txtH->text(), "06");
+    QWidget* plane = Form1::TaggedWindow("cmio");
+    ASSERT_NE(plane, nullptr) << "the plane was opened";
+
+    // An open plane is brought along, not opened twice.
+    form->ShowForThisTime(DateSerial(2017, 9, 23), false);
+    EXPECT_EQ(Form1::TaggedWindow("cmio"), plane);
+    EXPECT_EQ(form->txtD->text(), "23");
+    plane->close();
+    QApplication::processEvents();
+    form->ShowForThisTime(DateSerial(2017, 9, 24), false);
+    EXPECT_EQ(Form1::TaggedWindow("cmio"), nullptr) << "not opened when not asked";
+}
