@@ -86,7 +86,7 @@ int De(const Options& options, std::ostream& out) {
         PrintMessage(out, g.message);
         return 0;
     }
-    for (const DePoint& p : g.points) out << p.x << ',' << ShortestSingle(p.De) << '\n';
+    for (const DePoint& p : g.points) out << static_cast<long long>(p.x) << ',' << ShortestSingle(p.De) << '\n';
     return 0;
 }
 
