@@ -27,6 +27,8 @@ QString Q(const std::string& s) {
 
 constexpr int kOpeningRows = 13;
 constexpr double kPageBottom = 10.0; // inches: a new page below this
+// The grid's eleven columns ten characters apart fit a page's width at this size.
+constexpr float kGridPoints = 8.0f;
 
 } // namespace
 
@@ -185,6 +187,7 @@ void Form2::CmdPrintClick() {
     for (const auto& [left, right] : {std::pair{LbLJupRA, LbLJupDec}, {LbLSunRA, LbLSunDec}, {LBLDe, LbLDist}})
         printer.PrintLine({PagePrinter::Tab(10), left->text(), PagePrinter::Tab(30), right->text()});
     printer.PrintLine({});
+    printer.SetFontSize(kGridPoints);
     const EphemerisRow& headings = EphemerisHeadings();
     const std::vector<EphemerisRow> empty{headings};
     for (const EphemerisRow& row : result_.rows.empty() ? empty : result_.rows) {
@@ -192,7 +195,9 @@ void Form2::CmdPrintClick() {
             printer.NewPage();
             printer.SetCurrentX(1.0);
             printer.SetCurrentY(0.5);
+            printer.SetFontSize(10);
             PrintHeading(printer, "JUPITER SOLAR EPHEMERIS    " + date);
+            printer.SetFontSize(kGridPoints);
             printer.PrintLine(rowItems(headings));
         }
         printer.PrintLine(rowItems(row));
