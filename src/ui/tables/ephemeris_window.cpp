@@ -79,6 +79,7 @@ void Form2::BuildControls() {
     for (const std::string& h : EphemerisHeadings()) headings << Q(h);
     Grid1->setHorizontalHeaderLabels(headings);
     Grid1->verticalHeader()->hide();
+    Grid1->verticalHeader()->setDefaultSectionSize(Grid1->fontMetrics().height() + 6);
     Grid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
     Grid1->setAlternatingRowColors(true);
     Grid1->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
