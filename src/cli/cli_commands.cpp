@@ -1,6 +1,7 @@
 #include "cli/cli_commands.h"
 
 #include "cli/cli_support.h"
+#include "cli/cli_tables.h"
 
 #include "core/astro_core.h"
 #include "station/clock_source.h"
@@ -272,7 +273,7 @@ std::vector<CliCommand> StationCommands() {
 // Every area's commands, in the order of the usage text.
 std::vector<CliCommand> AllCommands() {
     std::vector<CliCommand> all;
-    for (const auto& area : {StationCommands()}) all.insert(all.end(), area.begin(), area.end());
+    for (const auto& area : {StationCommands(), TablesCommands()}) all.insert(all.end(), area.begin(), area.end());
     return all;
 }
 

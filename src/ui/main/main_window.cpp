@@ -13,6 +13,10 @@
 #include "render/picture_store.h"
 #include "prediction/prediction.h"
 #include "ui/prediction/prediction_window.h"
+#include "ui/tables/altaz_table_window.h"
+#include "ui/tables/de_window.h"
+#include "ui/tables/ephemeris_window.h"
+#include "ui/tables/visibility_window.h"
 #include "prediction/prob_table.h"
 #include "core/numeric.h"
 #include "station/file_messages.h"
@@ -558,6 +562,7 @@ void Form1::ConnectCommands() {
         FormAbout about(st_, Q(versionText_), this);
         about.exec();
     });
+    ConnectTablesWindows();
 }
 
 double Form1::ComputerDate() const { return std::floor(st_.clock.LocalNow()); }
@@ -824,6 +829,71 @@ void Form1::MnuCMIOPlaneMapClick() {
     plane->setAttribute(Qt::WA_DeleteOnClose);
     RegisterViewWindow(plane, MnuCMIOPlaneMap, MnuWindowCMIOPlane);
     plane->show();
+}
+
+} // namespace tarvelle
+
+namespace tarvelle {
+
+// The ephemeris tables and graphs: one window of each kind, brought forward when already open.
+namespace {
+template <typename W> W* Reopen(QWidget* owner) {
+    auto* open = owner->findChild<W*>();
+    if (!open || !open->isVisible()) return nullptr;
+    open->showNormal();
+    open->raise();
+    open->activateWindow();
+    return open;
+}
+template <typename W> void ShowNew(W* window) {
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->show();
+}
+} // namespace
+
+void Form1::ConnectTablesWindows() {
+    const std::pair<const char*, void (Form1::*)()> entries[] = {
+        {"MnuEphemeris", &Form1::MnuEphemerisClick},
+        {"mnuYearlyRiseSet", &Form1::mnuYearlyRiseSetClick},
+        {"MnuDe", &Form1::MnuDeClick},
+        {"mnuAltAzTable", &Form1::mnuAltAzTableClick},
+    };
+    for (const auto& [name, slot] : entries) {
+        QAction* item = findChild<QAction*>(name);
+        item->setEnabled(true);
+        connect(item, &QAction::triggered, this, slot);
+    }
+    for (const auto& [button, slot] : {std::pair{cmdEphemeris, &Form1::MnuEphemerisClick},
+                                       {cmdVisibility, &Form1::mnuYearlyRiseSetClick},
+                                       {cmdDsubE, &Form1::MnuDeClick}}) {
+        button->setEnabled(true);
+        connect(button, &QToolButton::clicked, this, slot);
+    }
+}
+
+void Form1::MnuEphemerisClick() {
+    timer1_->stop();
+    if (Reopen<Form2>(this)) return;
+    QAction* item = findChild<QAction*>("MnuEphemeris");
+    QAction* entry = findChild<QAction*>("MnuWindowEphemeris");
+    auto* form2 = new Form2(st_, timer1_, [item, entry] {
+        item->setChecked(false);
+        entry->setEnabled(false);
+    }, this);
+    RegisterViewWindow(form2, item, entry);
+    ShowNew(form2);
+}
+
+void Form1::mnuYearlyRiseSetClick() {
+    if (!Reopen<FormRiseSet>(this)) ShowNew(new FormRiseSet(st_, timer1_, this));
+}
+
+void Form1::MnuDeClick() {
+    if (!Reopen<FormDe>(this)) ShowNew(new FormDe(st_, this));
+}
+
+void Form1::mnuAltAzTableClick() {
+    if (!Reopen<FormAltAzTable>(this)) ShowNew(new FormAltAzTable(st_, timer1_, this));
 }
 
 } // namespace tarvelle

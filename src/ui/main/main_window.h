@@ -75,6 +75,11 @@ public:
     void VisualAlert();
     void MnuPredictionClick();
     void MnuCMIOPlaneMapClick();
+    // The ephemeris tables and graphs.
+    void MnuEphemerisClick();
+    void mnuYearlyRiseSetClick();
+    void MnuDeClick();
+    void mnuAltAzTableClick();
     // Closes every window but this one, the picture store and the observer window.
     void CloseForms();
     // A view window opened from the display menu: checks its menu item and enables its entry in
@@ -112,6 +117,7 @@ protected:
 private:
     void BuildMenus();
     void ConnectCommands();
+    void ConnectTablesWindows();
     void SetBoxesEditable(bool editable);
     double ComputerDate() const;
     void BuildButtons(QWidget* row);

@@ -1,0 +1,139 @@
+// The Alt/Az table file: its 18-byte records, the whole-day test, appending, and the text table.
+#include "tables/altaz_table.h"
+
+#include "core/date_value.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+using namespace tarvelle;
+
+namespace {
+
+class AltAzTable : public ::testing::Test {
+protected:
+    void SetUp() override {
+        path_ = (std::filesystem::temp_directory_path() /
+                 ("altaz-" + std::to_string(::getpid()) + "-" +
+                  ::testing::UnitTest::GetInstance()->current_test_info()->name()))
+                    .string();
+        std::filesystem::remove(path_);
+        core_.ObsLatitude = 40.0f;
+        core_.ObsLongitude = 75.0f;
+        core_.CurrentUT = 45000.3;
+        core_.LST = 7.5f;
+    }
+    void TearDown() override { std::filesystem::remove(path_); }
+    std::string Contents() const {
+        std::ifstream f(path_, std::ios::binary);
+        std::stringstream s;
+        s << f.rdbuf();
+        return s.str();
+    }
+    std::string path_;
+    Core core_;
+};
+
+TEST_F(AltAzTable, RecordCountsFollowTheSpanAndStep) {
+    struct Case {
+        AltAzTableInput in;
+        long records;
+    } cases[] = {
+        {{"2024", "2", "29", "2024", "2", "29", "60"}, 24},
+        {{"2024", "2", "28", "2024", "3", "1", "10"}, 3 * 144},
+        {{"2023", "12", "31", "2024", "1", "1", "240"}, 12},
+        {{"2024", "13", "1", "2025", "1", "1", "120"}, 12}, // month 13 is January
+        {{"2024", "5", "10", "2024", "5", "9", "60"}, 0},   // end before start: an empty file
+        {{"2024", "5", "10", "2024", "5", "10", "1"}, 1440},
+        {{"2024", "5", "10", "2024", "5", "10", "7"}, 206},
+    };
+    for (const Case& c : cases) {
+        std::filesystem::remove(path_);
+        const AltAzTableResult r = WriteAltAzTable(core_, c.in, path_);
+        EXPECT_TRUE(r.message.empty());
+        EXPECT_TRUE(r.written);
+        EXPECT_EQ(r.records, c.records) << c.in.startMonth << "/" << c.in.startDay << " step " << c.in.stepMinutes;
+        EXPECT_TRUE(std::filesystem::exists(path_));
+        EXPECT_EQ(std::filesystem::file_size(path_), static_cast<uintmax_t>(c.records * kAltAzRecordBytes));
+        EXPECT_EQ(core_.CurrentUT, 45000.3);
+        EXPECT_EQ(core_.LST, 7.5f);
+    }
+}
+
+TEST_F(AltAzTable, RecordsAreFixedLengthTextOfTheMomentAndAppend) {
+    const AltAzTableInput in{"2024", "6", "1", "2024", "6", "1", "30"};
+    std::vector<std::string> progress;
+    WriteAltAzTable(core_, in, path_, [&](const std::string& t) { progress.push_back(t); });
+    WriteAltAzTable(core_, in, path_);
+    const std::string data = Contents();
+    ASSERT_EQ(data.size(), 2u * 48 * kAltAzRecordBytes) << "a second run appends";
+    ASSERT_EQ(progress.size(), 48u);
+    bool negative = false;
+    for (size_t k = 0; k < 48; ++k) {
+        const std::string rec = data.substr(k * kAltAzRecordBytes, kAltAzRecordBytes);
+        EXPECT_EQ(rec.substr(16), "\r\n");
+        EXPECT_EQ(rec.substr(0, progress[k].size()), progress[k]);
+        EXPECT_EQ(rec.find_first_not_of(' ', progress[k].size()), 16u) << "padded with blanks";
+        negative = negative || rec[0] == '-';
+        // Record k is the moment start + k x step.
+        Core at = core_;
+        at.CurrentUT = DateSerial(2024, 6, 1) + static_cast<double>(k) / 48.0;
+        at.UpdateSiderealTime();
+        at.UpdateSunJupiterPositions();
+        at.UpdateHorizonCoords();
+        EXPECT_EQ(progress[k], AltAzRecordText(at)) << k;
+        EXPECT_EQ(data.substr((48 + k) * kAltAzRecordBytes, kAltAzRecordBytes), rec);
+    }
+    EXPECT_TRUE(negative) << "Jupiter sets that day: its altitude takes a minus and the record stays 18 bytes";
+}
+
+TEST_F(AltAzTable, AZeroStepIsRefusedAndWritesNothing) {
+    for (const char* step : {"0", "abc", "-10"}) {
+        const AltAzTableResult r = WriteAltAzTable(core_, {"2024", "1", "1", "2024", "1", "1", step}, path_);
+        EXPECT_FALSE(r.message.empty()) << step;
+        EXPECT_FALSE(std::filesystem::exists(path_));
+    }
+}
+
+TEST_F(AltAzTable, TextTableColumnsFollowTheChoices) {
+    struct Case {
+        bool date, time;
+        AltAzBodies bodies;
+        size_t fields; // blank-separated fields of a row
+    } cases[] = {
+        {true, true, AltAzBodies::Both, 6}, {false, true, AltAzBodies::Jupiter, 3},
+        {true, false, AltAzBodies::Sun, 3}, {false, false, AltAzBodies::Both, 4},
+    };
+    for (const Case& c : cases) {
+        AltAzTableInput in{"2024", "2", "29", "2024", "3", "1", "360"};
+        in.randomAccess = false;
+        in.includeDate = c.date;
+        in.includeTime = c.time;
+        in.bodies = c.bodies;
+        WriteAltAzTable(core_, in, path_);
+        WriteAltAzTable(core_, in, path_); // written anew, not appended
+        std::istringstream lines(Contents());
+        std::string line;
+        std::vector<std::string> rows;
+        while (std::getline(lines, line)) rows.push_back(line);
+        ASSERT_EQ(rows.size(), 9u) << "a heading and 8 rows";
+        for (const std::string& row : rows) {
+            EXPECT_EQ(row.size(), rows[0].size()) << "columns line up";
+            std::istringstream fields(row);
+            size_t n = 0;
+            for (std::string f; fields >> f;) ++n;
+            if (&row != &rows[0]) {
+                EXPECT_EQ(n, c.fields) << row;
+            }
+        }
+        if (c.date) {
+            EXPECT_EQ(rows[5].substr(0, 10), "2024-03-01");
+        }
+    }
+}
+
+} // namespace
