@@ -12,6 +12,9 @@
 #include "render/picture_store.h"
 #include "prediction/prediction.h"
 #include "ui/prediction/prediction_window.h"
+#include "ui/sky/alt_az_window.h"
+#include "ui/sky/sky_image_window.h"
+#include "ui/sky/sky_map_window.h"
 #include "prediction/prob_table.h"
 #include "core/numeric.h"
 #include "station/file_messages.h"
@@ -126,6 +129,7 @@ Form1::Form1(Station& station, QWidget* parent) : QMainWindow(parent), st_(stati
     PlaceButtons();
     ArrangeDateBoxes();
     ConnectCommands();
+    ConnectSkyWindows();
 }
 
 Form1::~Form1() = default;
@@ -816,6 +820,74 @@ void Form1::MnuCMIOPlaneMapClick() {
     plane->setAttribute(Qt::WA_DeleteOnClose);
     RegisterViewWindow(plane, MnuCMIOPlaneMap, MnuWindowCMIOPlane);
     plane->show();
+}
+
+// ---- The sky displays ----
+
+void Form1::ConnectSkyWindows() {
+    auto* skyMap = findChild<QAction*>("MnuSkyMap");
+    auto* altAz = findChild<QAction*>("MnuAltAzDisplay");
+    auto* display = menuBar()->findChild<QMenu*>("MnuDisplay");
+    QAction* skyImage = display->addAction("Sky Image");
+    skyImage->setObjectName("mnuSkyImage");
+    for (QAction* a : {skyMap, altAz}) a->setEnabled(true);
+    for (QToolButton* b : {cmdSkyMap, cmdAltAz}) b->setEnabled(true);
+    connect(skyMap, &QAction::triggered, this, &Form1::MnuSkyMapClick);
+    connect(cmdSkyMap, &QToolButton::clicked, this, &Form1::MnuSkyMapClick);
+    connect(altAz, &QAction::triggered, this, &Form1::MnuAltAzDisplayClick);
+    connect(cmdAltAz, &QToolButton::clicked, this, &Form1::MnuAltAzDisplayClick);
+    connect(skyImage, &QAction::triggered, this, &Form1::mnuSkyImageClick);
+}
+
+namespace {
+
+// Raises the open window of type W, if there is one.
+template <typename W>
+bool RaiseOpen(QWidget* owner) {
+    auto* open = owner->findChild<W*>();
+    if (!open || !open->isVisible()) return false;
+    open->showNormal();
+    open->raise();
+    open->activateWindow();
+    return true;
+}
+
+} // namespace
+
+void Form1::MnuSkyMapClick() {
+    if (RaiseOpen<FormSkyMap>(this)) return;
+    LoadPictureStore();
+    auto* item = findChild<QAction*>("MnuSkyMap");
+    auto* entry = findChild<QAction*>("MnuWindowSkyMap");
+    auto* map = new FormSkyMap(st_, *form8_, [item, entry] {
+        item->setChecked(false);
+        entry->setEnabled(false);
+    }, this);
+    map->setAttribute(Qt::WA_DeleteOnClose);
+    RegisterViewWindow(map, item, entry);
+    map->show();
+}
+
+void Form1::MnuAltAzDisplayClick() {
+    if (RaiseOpen<FormAltAz>(this)) return;
+    LoadPictureStore();
+    auto* item = findChild<QAction*>("MnuAltAzDisplay");
+    auto* entry = findChild<QAction*>("MnuWindowAltazDisplay");
+    auto* chart = new FormAltAz(st_, *form8_, [item, entry] {
+        item->setChecked(false);
+        entry->setEnabled(false);
+    }, this);
+    chart->setAttribute(Qt::WA_DeleteOnClose);
+    RegisterViewWindow(chart, item, entry);
+    chart->show();
+}
+
+void Form1::mnuSkyImageClick() {
+    if (RaiseOpen<Form5>(this)) return;
+    LoadPictureStore();
+    auto* viewer = new Form5(st_, *form8_, this);
+    viewer->setAttribute(Qt::WA_DeleteOnClose);
+    viewer->show();
 }
 
 } // namespace tarvelle

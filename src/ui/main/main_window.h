@@ -70,6 +70,11 @@ public:
     void VisualAlert();
     void MnuPredictionClick();
     void MnuCMIOPlaneMapClick();
+    // The sky displays: the sky map, the Alt/Az display and the sky image viewer.
+    void ConnectSkyWindows();
+    void MnuSkyMapClick();
+    void MnuAltAzDisplayClick();
+    void mnuSkyImageClick();
     // Closes every window but this one, the picture store and the observer window.
     void CloseForms();
     // A view window opened from the display menu: checks its menu item and enables its entry in

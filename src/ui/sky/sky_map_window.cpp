@@ -31,6 +31,7 @@ constexpr int kBelow = 37;        // the window's height less the map's, 560 twi
 constexpr int kColumnGap = 5;     // 80 twips between the map and the controls
 constexpr int kMinimumSide = 120;
 constexpr int kStartSide = 600;
+constexpr int kColumnWidth = 170;
 
 QString Q(const std::string& s) { return QString::fromStdString(s); }
 
@@ -44,7 +45,7 @@ FormSkyMap::FormSkyMap(Station& station, const Form8& pictures, std::function<vo
     setProperty("Tag", "skymap");
     setWindowTitle("SkyMap");
     BuildControls();
-    resize(kMargin + kStartSide + kColumnGap + Controls->sizeHint().width() + kMargin, kStartSide + kBelow);
+    resize(kMargin + kStartSide + kColumnGap + kColumnWidth + kMargin, kStartSide + kBelow);
 
     AntFileName = "NONE";
     ReadSettings();
@@ -117,7 +118,7 @@ void FormSkyMap::BuildControls() {
     ImageCamera = new class ImageCamera(&PicSkyMap->Surface(), Controls);
     ImageCamera->setObjectName("ImageCamera");
     column->addWidget(ImageCamera);
-    Controls->setFixedWidth(150);
+    Controls->setFixedWidth(kColumnWidth);
     Timer1 = new QTimer(this);
     Timer1->setObjectName("Timer1");
 }
