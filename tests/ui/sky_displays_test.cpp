@@ -5,10 +5,14 @@
 #include "ui/sky/alt_az_window.h"
 #include "ui/sky/find_antenna_window.h"
 #include "ui/sky/sky_image_window.h"
+#include "ui/sky/sky_map_window.h"
+#include "ui/main/main_window.h"
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QCheckBox>
+#include <QToolButton>
 #include <QDir>
 #include <QLabel>
 #include <QListWidget>
@@ -138,6 +142,38 @@ TEST_F(SkyImageTest, TheFinderListsAntennasByNameWithNoneLast) {
     again.List1->setCurrentRow(again.List1->count() - 1);
     again.cmdOKClick();
     EXPECT_TRUE(chosen.isEmpty()); // "NONE"
+}
+
+} // namespace
+
+namespace {
+
+using SkyEntriesTest = SkyImageTest;
+
+TEST_F(SkyEntriesTest, TheMainWindowOpensTheSkyViewsAndTheirTicksFollowThem) {
+    UseSampleObserver();
+    core().RealTimeMode = false;
+    Form1 form(*station);
+    auto* item = form.findChild<QAction*>("MnuSkyMap");
+    auto* entry = form.findChild<QAction*>("MnuWindowSkyMap");
+    ASSERT_TRUE(form.cmdSkyMap->isEnabled());
+    form.cmdSkyMap->click();
+    auto* map = form.findChild<FormSkyMap*>();
+    ASSERT_NE(map, nullptr);
+    EXPECT_TRUE(map->isVisible());
+    EXPECT_EQ(map->property("Tag").toString(), "skymap");
+    EXPECT_TRUE(item->isChecked());
+    EXPECT_TRUE(entry->isEnabled());
+    form.findChild<QAction*>("MnuAltAzDisplay")->trigger();
+    ASSERT_NE(form.findChild<FormAltAz*>(), nullptr);
+    station->model.CloseViews(); // a change of time mode closes both
+    EXPECT_FALSE(item->isChecked());
+    EXPECT_FALSE(entry->isEnabled());
+    EXPECT_FALSE(form.findChild<QAction*>("MnuAltAzDisplay")->isChecked());
+    form.findChild<QAction*>("mnuSkyImage")->trigger();
+    auto* viewer = form.findChild<Form5*>();
+    ASSERT_NE(viewer, nullptr);
+    EXPECT_EQ(form.findChild<QAction*>("mnuSkyImage")->text(), "Sky Image");
 }
 
 } // namespace

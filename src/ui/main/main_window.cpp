@@ -854,33 +854,25 @@ bool RaiseOpen(QWidget* owner) {
 
 } // namespace
 
-void Form1::MnuSkyMapClick() {
-    if (RaiseOpen<FormSkyMap>(this)) return;
+// A view of the sky opened from its Display entry: its tick and Window entry follow it.
+template <typename W>
+void Form1::OpenSkyView(const char* displayItem, const char* windowEntry) {
+    if (RaiseOpen<W>(this)) return;
     LoadPictureStore();
-    auto* item = findChild<QAction*>("MnuSkyMap");
-    auto* entry = findChild<QAction*>("MnuWindowSkyMap");
-    auto* map = new FormSkyMap(st_, *form8_, [item, entry] {
+    auto* item = findChild<QAction*>(displayItem);
+    auto* entry = findChild<QAction*>(windowEntry);
+    auto* view = new W(st_, *form8_, [item, entry] {
         item->setChecked(false);
         entry->setEnabled(false);
     }, this);
-    map->setAttribute(Qt::WA_DeleteOnClose);
-    RegisterViewWindow(map, item, entry);
-    map->show();
+    view->setAttribute(Qt::WA_DeleteOnClose);
+    RegisterViewWindow(view, item, entry);
+    view->show();
 }
 
-void Form1::MnuAltAzDisplayClick() {
-    if (RaiseOpen<FormAltAz>(this)) return;
-    LoadPictureStore();
-    auto* item = findChild<QAction*>("MnuAltAzDisplay");
-    auto* entry = findChild<QAction*>("MnuWindowAltazDisplay");
-    auto* chart = new FormAltAz(st_, *form8_, [item, entry] {
-        item->setChecked(false);
-        entry->setEnabled(false);
-    }, this);
-    chart->setAttribute(Qt::WA_DeleteOnClose);
-    RegisterViewWindow(chart, item, entry);
-    chart->show();
-}
+void Form1::MnuSkyMapClick() { OpenSkyView<FormSkyMap>("MnuSkyMap", "MnuWindowSkyMap"); }
+
+void Form1::MnuAltAzDisplayClick() { OpenSkyView<FormAltAz>("MnuAltAzDisplay", "MnuWindowAltazDisplay"); }
 
 void Form1::mnuSkyImageClick() {
     if (RaiseOpen<Form5>(this)) return;

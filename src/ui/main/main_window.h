@@ -75,6 +75,8 @@ public:
     void MnuSkyMapClick();
     void MnuAltAzDisplayClick();
     void mnuSkyImageClick();
+    template <typename W>
+    void OpenSkyView(const char* displayItem, const char* windowEntry);
     // Closes every window but this one, the picture store and the observer window.
     void CloseForms();
     // A view window opened from the display menu: checks its menu item and enables its entry in
