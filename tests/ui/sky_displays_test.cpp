@@ -2,7 +2,9 @@
 #include "core/date_value.h"
 #include "render/picture_store.h"
 #include "station_test.h"
+#include "formats/antenna_file.h"
 #include "ui/sky/alt_az_window.h"
+#include "ui/sky/define_antenna_window.h"
 #include "ui/sky/find_antenna_window.h"
 #include "ui/sky/sky_image_window.h"
 #include "ui/sky/sky_map_window.h"
@@ -15,7 +17,9 @@
 #include <QToolButton>
 #include <QDir>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 
 #include <memory>
 
@@ -174,6 +178,48 @@ TEST_F(SkyEntriesTest, TheMainWindowOpensTheSkyViewsAndTheirTicksFollowThem) {
     auto* viewer = form.findChild<Form5*>();
     ASSERT_NE(viewer, nullptr);
     EXPECT_EQ(form.findChild<QAction*>("mnuSkyImage")->text(), "Sky Image");
+}
+
+} // namespace
+
+namespace {
+
+using EditorTest = SkyImageTest;
+
+TEST_F(EditorTest, LobesTypedAndUpdatedAreSavedAndReadBack) {
+    FormDefineAnt editor(*station);
+    EXPECT_EQ(editor.txtNSBW->text(), "10"); // a new lobe's widths of 0 show as 10
+    EXPECT_FALSE(editor.cmdLobeUp->isEnabled());
+    editor.txtLobes->setText("2");
+    editor.txtLobesChange();
+    EXPECT_EQ(editor.LobeCount, 2);
+    editor.txtName->setText("Pair, phased");
+    editor.txtALT->setText("60");
+    editor.txtAZ->setText("180");
+    editor.txtGain->setText("7.5");
+    editor.cmdUpdate->click();
+    EXPECT_EQ(editor.edit.Lobes[1].ALT, 60);
+    editor.cmdLobeUp->click();
+    EXPECT_EQ(editor.LBLLobe->text(), "LOBE #2");
+    EXPECT_EQ(editor.txtALT->text(), "0");
+    EXPECT_EQ(editor.txtEWBW->text(), "10");
+    const QString path = programDir + "pair.ant";
+    dialogs.paths = {path};
+    editor.mnuSaveAnt->trigger();
+    EXPECT_FALSE(editor.Changed);
+    Antenna back;
+    ASSERT_EQ(ReadAntennaFile(path.toStdString(), back).status, AntennaStatus::Loaded);
+    EXPECT_EQ(back.AntName, "Pair"); // the comma ends the name on reading, as in every antenna file
+    ASSERT_EQ(back.LobeCount(), 2);
+    EXPECT_EQ(back.Lobes[1].AZ, 180);
+    EXPECT_EQ(back.Lobes[1].GAIN, 7.5);
+    EXPECT_EQ(back.Lobes[2].NSBW, 10);
+    // A change not saved is asked about on closing.
+    editor.txtAZ->setText("90");
+    editor.cmdUpdate->click();
+    dialogs.answers = {MsgAnswer::No};
+    editor.reject();
+    EXPECT_EQ(dialogs.messages.back().text, "Save Antenna?");
 }
 
 } // namespace
