@@ -2,6 +2,7 @@
 
 #include "cli/cli_support.h"
 #include "cli/cli_tables.h"
+#include "cli/cli_sky.h"
 
 #include "core/astro_core.h"
 #include "station/clock_source.h"
@@ -273,7 +274,8 @@ std::vector<CliCommand> StationCommands() {
 // Every area's commands, in the order of the usage text.
 std::vector<CliCommand> AllCommands() {
     std::vector<CliCommand> all;
-    for (const auto& area : {StationCommands(), TablesCommands()}) all.insert(all.end(), area.begin(), area.end());
+    for (const auto& area : {StationCommands(), TablesCommands(), SkyCommands()})
+        all.insert(all.end(), area.begin(), area.end());
     return all;
 }
 
@@ -303,7 +305,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
             return args.empty() ? 2 : 0;
         }
         for (const CliCommand& c : commands)
-            if (c.name == args[0]) return c.run(ParseOptions(args, 1, c.flags), out, err);
+            if (c.name == args[0]) return c.run(ParseOptions(args, 1, c.flags, c.positional), out, err);
         throw UsageError("unknown command '" + args[0] + "'");
     } catch (const UsageError& e) {
         err << "tarvelle-cli: " << e.what() << '\n';

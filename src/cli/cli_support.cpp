@@ -26,10 +26,15 @@ std::string Single(float v) {
     return buf;
 }
 
-Options ParseOptions(const std::vector<std::string>& args, size_t from, const std::set<std::string>& flags) {
+Options ParseOptions(const std::vector<std::string>& args, size_t from, const std::set<std::string>& flags,
+                     const std::string& positional) {
     Options options;
     for (size_t i = from; i < args.size(); ++i) {
         const std::string& a = args[i];
+        if (!positional.empty() && a.rfind("--", 0) != 0 && !options.count(positional)) {
+            options[positional] = a;
+            continue;
+        }
         if (a.rfind("--", 0) != 0 || a.size() == 2) throw UsageError("unexpected argument '" + a + "'");
         const size_t equals = a.find('=');
         const std::string name = a.substr(2, equals == std::string::npos ? std::string::npos : equals - 2);

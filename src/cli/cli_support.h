@@ -31,10 +31,13 @@ struct CliCommand {
     std::string usage;           // its lines of the usage text, without the program name
     std::set<std::string> flags; // options that stand alone, without a value ("tables")
     std::function<int(const Options&, std::ostream& out, std::ostream& err)> run;
+    std::string positional{}; // the option that takes a lone argument (antenna FILE), if any
 };
 
-// "--name value" or "--name=value", in any order; a value may start with a minus.
-Options ParseOptions(const std::vector<std::string>& args, size_t from, const std::set<std::string>& flags);
+// "--name value" or "--name=value", in any order; a value may start with a minus. With a
+// positional name, one argument without dashes (even an empty one) is stored under it.
+Options ParseOptions(const std::vector<std::string>& args, size_t from, const std::set<std::string>& flags,
+                     const std::string& positional = {});
 
 // Refuses any option not in allowed.
 void RequireOnly(const Options& options, std::initializer_list<const char*> allowed);

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdint>
-#include <numbers>
 
 namespace tarvelle {
 
@@ -27,89 +25,6 @@ int Darker(int colour, double factor) {
         return static_cast<int>(std::lround(((colour >> shift) & 0xFF) * factor)) & 0xFF;
     };
     return part(0) | (part(8) << 8) | (part(16) << 16);
-}
-
-// A small generator of our own, so that the stars stand in the same places on every system.
-class Scatter {
-public:
-    double Next() {
-        state_ ^= state_ << 13;
-        state_ ^= state_ >> 17;
-        state_ ^= state_ << 5;
-        return state_ / 4294967296.0;
-    }
-
-private:
-    uint32_t state_ = 408u;
-};
-
-// Radio brightness 0..1 to false colour: dark blue through cyan and green to yellow and red.
-QRgb FalseColour(double t) {
-    struct Stop {
-        double at;
-        int r, g, b;
-    };
-    static constexpr std::array<Stop, 7> kStops = {{{0.0, 0, 0, 48},
-                                                    {0.15, 0, 0, 140},
-                                                    {0.35, 0, 90, 220},
-                                                    {0.55, 0, 200, 200},
-                                                    {0.7, 120, 230, 60},
-                                                    {0.85, 250, 200, 0},
-                                                    {1.0, 255, 40, 0}}};
-    t = std::clamp(t, 0.0, 1.0);
-    size_t i = 1;
-    while (i + 1 < kStops.size() && t > kStops[i].at) ++i;
-    const Stop& a = kStops[i - 1];
-    const Stop& b = kStops[i];
-    const double f = (t - a.at) / (b.at - a.at);
-    const auto mix = [f](int p, int q) { return static_cast<int>(std::lround(p + (q - p) * f)); };
-    return qRgb(mix(a.r, b.r), mix(a.g, b.g), mix(a.b, b.b));
-}
-
-constexpr int kSkySize = 360;
-constexpr double kSkyRadius = 170.0;
-
-// The sky disc at 408 MHz as an observer would sketch it: faint everywhere, the galactic plane
-// a bright winding band with its centre at one end, and a few strong sources.
-QImage AllSkyShading(QRgb outside) {
-    QImage sky(kSkySize, kSkySize, QImage::Format_RGB32);
-    const double c = kSkySize / 2.0;
-    struct Source {
-        double u, v, peak, width;
-    };
-    static constexpr std::array<Source, 4> kSources = {{{0.42, -0.38, 0.55, 0.035},
-                                                        {-0.55, 0.22, 0.45, 0.03},
-                                                        {0.1, 0.62, 0.35, 0.04},
-                                                        {-0.2, -0.7, 0.3, 0.03}}};
-    // The band's centre line and its brightness along the plane depend on the column only.
-    std::array<double, kSkySize> centreLine{}, along{};
-    for (int x = 0; x < kSkySize; ++x) {
-        const double u = (x + 0.5 - c) / kSkyRadius;
-        centreLine[static_cast<size_t>(x)] = 0.35 * std::sin(2.2 * u + 0.6) - 0.1 * u;
-        along[static_cast<size_t>(x)] = 0.55 + 0.45 * std::exp(-((u + 0.35) * (u + 0.35)) / 0.08);
-    }
-    for (int y = 0; y < kSkySize; ++y) {
-        auto* line = reinterpret_cast<QRgb*>(sky.scanLine(y));
-        for (int x = 0; x < kSkySize; ++x) {
-            const double u = (x + 0.5 - c) / kSkyRadius, v = (y + 0.5 - c) / kSkyRadius;
-            const double r2 = u * u + v * v;
-            if (r2 > 1.0) {
-                line[x] = outside;
-                continue;
-            }
-            const double d = v - centreLine[static_cast<size_t>(x)];
-            double t = 0.1 + 0.05 * (1.0 - r2);
-            if (d * d < 0.6) t += 0.22 * std::exp(-(d * d) / 0.06);
-            if (d * d < 0.06) t += 0.55 * along[static_cast<size_t>(x)] * std::exp(-(d * d) / 0.006);
-            for (const Source& s : kSources) {
-                const double du = u - s.u, dv = v - s.v, w2 = s.width * s.width;
-                // Beyond three widths a source adds less than one part in ten thousand.
-                if (du * du + dv * dv < 9.0 * w2) t += s.peak * std::exp(-(du * du + dv * dv) / w2);
-            }
-            line[x] = FalseColour(t);
-        }
-    }
-    return sky;
 }
 
 void DrawDisc(PlotSurface& s, int colour) {
@@ -139,27 +54,14 @@ void DrawJupiter(PlotSurface& s) {
     s.FillBox(11, 12, 12, 12, RGB(200, 70, 50));
 }
 
-void DrawAllSky(PlotSurface& s) {
+// The all-sky picture drawn by tools/make_sky408.py and built into the program; if it can't be
+// read the picture stays its dark blue.
+void LoadAllSky(PlotSurface& s) {
     s.SetPixelScale();
-    s.SetBackgroundPicture(AllSkyShading(ToQRgb(s.BackColour())));
-    Scatter scatter;
-    for (int i = 0; i < 300; ++i) {
-        // Uniform over the disc, brighter ones fewer.
-        const double angle = 2.0 * std::numbers::pi * scatter.Next();
-        const double radius = (kSkyRadius - 4.0) * std::sqrt(scatter.Next());
-        const double brightness = scatter.Next();
-        const int level = 90 + static_cast<int>(165.0 * brightness * brightness);
-        s.SetLineWidth(brightness > 0.93 ? 2 : 1);
-        s.DrawPoint(static_cast<float>(kSkySize / 2.0 + radius * std::cos(angle)),
-                    static_cast<float>(kSkySize / 2.0 + radius * std::sin(angle)), RGB(level, level, level));
-    }
-    // The horizon.
-    s.SetLineWidth(2);
-    s.SetFillStyle(FillStyle::Transparent);
-    s.DrawCircle(kSkySize / 2.0f, kSkySize / 2.0f, static_cast<float>(kSkyRadius), RGB(150, 180, 255));
-    s.SetLineWidth(1);
-    // Clear brings the finished picture back.
-    s.SetBackgroundPicture(s.Image());
+    const QImage sky(":/sky/sky408.bmp");
+    if (sky.isNull()) return;
+    s.SetBackgroundPicture(sky.convertToFormat(QImage::Format_RGB32).scaled(s.PixelWidth(), s.PixelHeight()));
+    s.Clear();
 }
 
 } // namespace
@@ -170,7 +72,7 @@ bool SpriteDiscContains(int x, int y) {
 }
 
 Form8::Form8() {
-    DrawAllSky(Pic408);
+    LoadAllSky(Pic408);
     DrawDisc(PicSun, RGB(255, 255, 0));
     DrawJupiter(PicJup);
     DrawDisc(PicMask, 0);

@@ -1,8 +1,9 @@
 // Form8, "Picture Storage": the fixed pictures of the plots, created once at start-up and kept
-// for the whole run. Every picture is a PlotSurface in
-// pixel mode; the artwork is drawn here in code, the same on every run.
+// for the whole run. Every picture is a PlotSurface in pixel mode; the sprites are drawn here in
+// code, the all-sky picture is built into the program from data/pictures/sky408.bmp.
 //
-//   Pic408             360 x 360 false-colour all-sky picture on dark blue (sky image viewer)
+//   Pic408             360 x 360 false-colour model of the sky at 408 MHz on dark blue, right
+//                      ascension 0 to 360 across, declination +90 at the top to -90 at the foot
 //   PicSun, PicJup     19 x 19 sprites: a disc on black
 //   PicMask            19 x 19: the disc in black on white, the one mask of both sprites
 //   PicBack1..PicBack4 19 x 19 save-under scratch for MoveSprite

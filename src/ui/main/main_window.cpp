@@ -17,6 +17,9 @@
 #include "ui/tables/de_window.h"
 #include "ui/tables/ephemeris_window.h"
 #include "ui/tables/visibility_window.h"
+#include "ui/sky/alt_az_window.h"
+#include "ui/sky/sky_image_window.h"
+#include "ui/sky/sky_map_window.h"
 #include "prediction/prob_table.h"
 #include "core/numeric.h"
 #include "station/file_messages.h"
@@ -132,6 +135,7 @@ Form1::Form1(Station& station, QWidget* parent) : QMainWindow(parent), st_(stati
     ArrangeDateBoxes();
     ConnectCommands();
     ConnectServerAndLog();
+    ConnectSkyWindows();
 }
 
 Form1::~Form1() = default;
@@ -829,6 +833,66 @@ void Form1::MnuCMIOPlaneMapClick() {
     plane->setAttribute(Qt::WA_DeleteOnClose);
     RegisterViewWindow(plane, MnuCMIOPlaneMap, MnuWindowCMIOPlane);
     plane->show();
+}
+
+// ---- The sky displays ----
+
+void Form1::ConnectSkyWindows() {
+    auto* skyMap = findChild<QAction*>("MnuSkyMap");
+    auto* altAz = findChild<QAction*>("MnuAltAzDisplay");
+    auto* display = menuBar()->findChild<QMenu*>("MnuDisplay");
+    QAction* skyImage = display->addAction("Sky Image");
+    skyImage->setObjectName("mnuSkyImage");
+    for (QAction* a : {skyMap, altAz}) a->setEnabled(true);
+    for (QToolButton* b : {cmdSkyMap, cmdAltAz}) b->setEnabled(true);
+    connect(skyMap, &QAction::triggered, this, &Form1::MnuSkyMapClick);
+    connect(cmdSkyMap, &QToolButton::clicked, this, &Form1::MnuSkyMapClick);
+    connect(altAz, &QAction::triggered, this, &Form1::MnuAltAzDisplayClick);
+    connect(cmdAltAz, &QToolButton::clicked, this, &Form1::MnuAltAzDisplayClick);
+    connect(skyImage, &QAction::triggered, this, &Form1::mnuSkyImageClick);
+}
+
+namespace {
+
+// Raises the open window of type W, if there is one.
+template <typename W>
+bool RaiseOpen(QWidget* owner) {
+    auto* open = owner->findChild<W*>();
+    if (!open || !open->isVisible()) return false;
+    open->showNormal();
+    open->raise();
+    open->activateWindow();
+    return true;
+}
+
+} // namespace
+
+// A view of the sky opened from its Display entry: its tick and Window entry follow it.
+template <typename W>
+void Form1::OpenSkyView(const char* displayItem, const char* windowEntry) {
+    if (RaiseOpen<W>(this)) return;
+    LoadPictureStore();
+    auto* item = findChild<QAction*>(displayItem);
+    auto* entry = findChild<QAction*>(windowEntry);
+    auto* view = new W(st_, *form8_, [item, entry] {
+        item->setChecked(false);
+        entry->setEnabled(false);
+    }, this);
+    view->setAttribute(Qt::WA_DeleteOnClose);
+    RegisterViewWindow(view, item, entry);
+    view->show();
+}
+
+void Form1::MnuSkyMapClick() { OpenSkyView<FormSkyMap>("MnuSkyMap", "MnuWindowSkyMap"); }
+
+void Form1::MnuAltAzDisplayClick() { OpenSkyView<FormAltAz>("MnuAltAzDisplay", "MnuWindowAltazDisplay"); }
+
+void Form1::mnuSkyImageClick() {
+    if (RaiseOpen<Form5>(this)) return;
+    LoadPictureStore();
+    auto* viewer = new Form5(st_, *form8_, this);
+    viewer->setAttribute(Qt::WA_DeleteOnClose);
+    viewer->show();
 }
 
 } // namespace tarvelle

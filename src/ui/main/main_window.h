@@ -80,6 +80,13 @@ public:
     void mnuYearlyRiseSetClick();
     void MnuDeClick();
     void mnuAltAzTableClick();
+    // The sky displays: the sky map, the Alt/Az display and the sky image viewer.
+    void ConnectSkyWindows();
+    void MnuSkyMapClick();
+    void MnuAltAzDisplayClick();
+    void mnuSkyImageClick();
+    template <typename W>
+    void OpenSkyView(const char* displayItem, const char* windowEntry);
     // Closes every window but this one, the picture store and the observer window.
     void CloseForms();
     // A view window opened from the display menu: checks its menu item and enables its entry in
