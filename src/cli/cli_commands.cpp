@@ -1,6 +1,7 @@
 #include "cli/cli_commands.h"
 
 #include "cli/cli_support.h"
+#include "cli/cli_scripting.h"
 
 #include "core/astro_core.h"
 #include "station/clock_source.h"
@@ -274,7 +275,7 @@ std::vector<CliCommand> StationCommands() {
 // Every area's commands, in the order of the usage text.
 std::vector<CliCommand> AllCommands() {
     std::vector<CliCommand> all;
-    for (const auto& area : {StationCommands()}) all.insert(all.end(), area.begin(), area.end());
+    for (const auto& area : {StationCommands(), ScriptingCommands()}) all.insert(all.end(), area.begin(), area.end());
     return all;
 }
 

@@ -25,7 +25,12 @@ Options ParseOptions(const std::vector<std::string>& args, size_t from, const st
     Options options;
     for (size_t i = from; i < args.size(); ++i) {
         const std::string& a = args[i];
-        if (a.rfind("--", 0) != 0 || a.size() == 2) throw UsageError("unexpected argument '" + a + "'");
+        if (a.rfind("--", 0) != 0 || a.size() == 2) {
+            // One argument without a name (a command's file) goes under the empty name.
+            if (options.count("")) throw UsageError("unexpected argument '" + a + "'");
+            options[""] = a;
+            continue;
+        }
         const size_t equals = a.find('=');
         const std::string name = a.substr(2, equals == std::string::npos ? std::string::npos : equals - 2);
         if (flags.count(name)) {
@@ -47,7 +52,7 @@ void RequireOnly(const Options& options, std::initializer_list<const char*> allo
     for (const auto& [key, value] : options) {
         bool ok = false;
         for (const char* name : allowed) ok = ok || key == name;
-        if (!ok) throw UsageError("unknown option --" + key);
+        if (!ok) throw UsageError(key.empty() ? "unexpected argument '" + value + "'" : "unknown option --" + key);
     }
 }
 
