@@ -74,11 +74,6 @@ std::string WholeText(double x) {
 
 } // namespace
 
-void InsertScriptLines(std::vector<std::string>& target, const std::vector<std::string>& source, int position) {
-    const size_t at = static_cast<size_t>(std::clamp(position, 0, static_cast<int>(target.size())));
-    target.insert(target.begin() + static_cast<std::ptrdiff_t>(at), source.begin(), source.end());
-}
-
 std::optional<int> ScriptTimeOfDay(const std::string& parameter) {
     const auto f = Fields(TokenWith(parameter, ':'), ':');
     if (!f || f->size() < 2 || f->size() > 3) return std::nullopt;
@@ -101,8 +96,8 @@ ScriptInterpreter::ScriptInterpreter(Station& station, ScriptHost& host, ScriptD
     : st_(station), host_(host), dev_(devices) {}
 
 void ScriptInterpreter::LoadScriptFile(const std::string& fileName) {
-    ScriptLines.assign(kScriptStoredLines, std::string());
-    if (auto lines = ReadScriptLines(fileName)) ScriptLines = std::move(*lines);
+    auto lines = ReadScriptLines(fileName);
+    ScriptLines = ScriptLineArray(lines ? std::move(*lines) : std::vector<std::string>(kScriptStoredLines));
 }
 
 bool ScriptInterpreter::LoadScriptFile2(const std::string& fileName) {
@@ -122,12 +117,12 @@ std::optional<int> ScriptInterpreter::RunScript(const std::string& fileName) {
         return std::nullopt;
     }
     LoadScriptFile(fileName);
-    if (ScriptLines.empty() || ScriptLines[0].empty()) {
+    if (ScriptLines.size() == 0 || ScriptLines[0].empty()) {
         host_.SetStatus("Can't Run Script : No Script Loaded or First Line Blank!");
         return std::nullopt;
     }
     StartRun();
-    const std::vector<std::string> saved = ScriptLines;
+    const ScriptLineArray saved = ScriptLines;
     do {
         const std::string raw = ScriptLines[static_cast<size_t>(LineIndex)];
         line_ = UpperAscii(raw);
@@ -439,7 +434,7 @@ void ScriptInterpreter::ExecuteScript() {
                         " lines");
         return;
     }
-    InsertScriptLines(ScriptLines, IncludedLines, LineIndex + 1);
+    ScriptLines.Insert(LineIndex + 1, IncludedLines);
 }
 
 void ScriptInterpreter::WaitUntil() {
@@ -506,7 +501,7 @@ void ScriptInterpreter::SendSerial(const std::string& bytes, bool watchRunning) 
     const double start = LocalNow();
     do {
         host_.WaitForEvents(std::nullopt);
-        if ((LocalNow() - start) * kSecondsPerDay > OutputTimeout) ScriptError = kScriptOutputTimeout;
+        if (std::round((LocalNow() - start) * kSecondsPerDay) > OutputTimeout) ScriptError = kScriptOutputTimeout;
         if (watchRunning && !ScriptRunning) {
             dev_.CloseSerial();
             return;

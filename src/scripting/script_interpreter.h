@@ -9,6 +9,7 @@
 #pragma once
 
 #include "platform/script_devices.h"
+#include "scripting/script_lines.h"
 #include "station/station.h"
 
 #include <cstdint>
@@ -55,9 +56,6 @@ inline constexpr int kFailureTypeMismatch = 13;
 // A script that includes itself stops growing here.
 inline constexpr size_t kMaxScriptLines = 100000;
 
-// target = target below position, all of source, then the rest of target.
-void InsertScriptLines(std::vector<std::string>& target, const std::vector<std::string>& source, int position);
-
 // "H:MM" or "H:MM:SS" (24 hours) as seconds of the day, or "YYYY/M/D" as a date value; the
 // part of a text holding both that the form asks for. nullopt when it is no such text.
 std::optional<int> ScriptTimeOfDay(const std::string& parameter);
@@ -76,7 +74,8 @@ public:
     bool ScriptRunning = false; // clearing it from outside asks the run to end
     bool StepMode = false;
     int32_t PauseCount = 0;
-    std::vector<std::string> ScriptLines, IncludedLines;
+    ScriptLineArray ScriptLines;
+    std::vector<std::string> IncludedLines;
 
     // The state of the run, readable after it.
     int32_t LineIndex = 0;
