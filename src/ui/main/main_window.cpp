@@ -20,6 +20,9 @@
 #include "core/text_forms.h"
 #include "station/time_entry.h"
 #include "station/version.h"
+#include "ui/scripting/parameters_window.h"
+#include "ui/scripting/script_builder_window.h"
+#include "ui/scripting/script_runner.h"
 
 #include <QAction>
 #include <QApplication>
@@ -126,6 +129,7 @@ Form1::Form1(Station& station, QWidget* parent) : QMainWindow(parent), st_(stati
     PlaceButtons();
     ArrangeDateBoxes();
     ConnectCommands();
+    ConnectScriptingWindows();
 }
 
 Form1::~Form1() = default;
@@ -816,6 +820,74 @@ void Form1::MnuCMIOPlaneMapClick() {
     plane->setAttribute(Qt::WA_DeleteOnClose);
     RegisterViewWindow(plane, MnuCMIOPlaneMap, MnuWindowCMIOPlane);
     plane->show();
+}
+
+// Scripts and automation: the menu entries and buttons, and the two hooks of the tick.
+void Form1::ConnectScriptingWindows() {
+    scripts_ = std::make_unique<ScriptRunner>(st_, *LBLQ, *Label3, *timer1_, *this);
+    const std::pair<const char*, void (Form1::*)()> entries[] = {
+        {"MnuRunScript", &Form1::MnuRunScriptClick},       {"mnuStepThroughScript", &Form1::mnuStepThroughScriptClick},
+        {"MnuLoadEditScript", &Form1::MnuLoadEditScriptClick}, {"MnuParameters", &Form1::MnuParametersClick},
+        {"MnuActivate", &Form1::MnuActivateClick}};
+    for (const auto& [name, slot] : entries) {
+        QAction* action = findChild<QAction*>(name);
+        action->setEnabled(true);
+        connect(action, &QAction::triggered, this, slot);
+    }
+    findChild<QAction*>("MnuActivate")->setCheckable(true);
+    for (QToolButton* b : {CmdAutomation, cmdRunAutomation, cmdStopAutomation}) b->setEnabled(true);
+    connect(CmdAutomation, &QToolButton::clicked, this, &Form1::CmdAutomationClick);
+    connect(cmdRunAutomation, &QToolButton::clicked, this, &Form1::MnuActivateClick);
+    connect(cmdStopAutomation, &QToolButton::clicked, this, &Form1::MnuActivateClick);
+}
+
+void Form1::LoadAutomationParameters() {
+    scripts_->Task().LoadAutomationParameters();
+}
+
+void Form1::AutomationMonitor() {
+    scripts_->Task().AutomationMonitor();
+}
+
+void Form1::MnuRunScriptClick() {
+    // The filter with its pattern, so that the dialog offers script files first.
+    const QString path = st_.dialogs.OpenFile("Load Script File", "Script File(*.scp)|*.scp|Any (*.*)|*.*", "*.scp");
+    if (path.isEmpty()) return;
+    scripts_->Interpreter().RunScript(path.toStdString());
+    // A PAUSE stops the tick; in real time the clock goes on once the script is over.
+    if (core_.RealTimeMode && !timer1_->isActive()) timer1_->start();
+}
+
+void Form1::mnuStepThroughScriptClick() {
+    scripts_->Interpreter().StepMode = true;
+    MnuRunScriptClick();
+    scripts_->Interpreter().StepMode = false;
+}
+
+void Form1::MnuLoadEditScriptClick() {
+    FormScripter builder(st_, this);
+    builder.exec();
+}
+
+void Form1::MnuParametersClick() {
+    FormParameters parameters(st_, scripts_->Task(), Q(titleText_), this);
+    parameters.exec();
+}
+
+void Form1::CmdAutomationClick() {
+    MnuParametersClick();
+    st_.automation.DoneToday = false;
+}
+
+void Form1::MnuActivateClick() {
+    QAction* activate = findChild<QAction*>("MnuActivate");
+    const AutomationTask::Toggle t = scripts_->Task().ToggleAutomation();
+    activate->setChecked(scripts_->Task().AutomationActive);
+    if (t == AutomationTask::Toggle::Refused) return;
+    const bool on = t == AutomationTask::Toggle::Started;
+    cmdStopAutomation->setVisible(on);
+    cmdRunAutomation->setVisible(!on);
+    LBLQ->setText(on ? "  Automation Started" : "  Automation Stopped");
 }
 
 } // namespace tarvelle

@@ -29,6 +29,8 @@ class QWidget;
 
 namespace tarvelle {
 
+class ScriptRunner;
+
 class Form1 : public QMainWindow {
     Q_OBJECT
 public:
@@ -103,14 +105,24 @@ private:
     void LoadProbTable();
     void LoadPictureStore();
     void LoadModeFile();
-    void LoadAutomationParameters() {}
+    void LoadAutomationParameters();
     void LoadJISParameters() {}
     void StartJIS() {}
-    void AutomationMonitor() {}
+    void AutomationMonitor();
     void SendJISInfo() {}
+
+    // Scripts and automation.
+    void ConnectScriptingWindows();
+    void MnuRunScriptClick();
+    void mnuStepThroughScriptClick();
+    void MnuLoadEditScriptClick();
+    void MnuParametersClick();
+    void CmdAutomationClick();
+    void MnuActivateClick();
 
     Station& st_;
     Core& core_;
+    std::unique_ptr<ScriptRunner> scripts_;
 
     std::string titleText_;
     std::string versionText_;
@@ -147,6 +159,7 @@ public:
     QAction *MnuLoadModeFile = nullptr, *MnuSaveModeFile = nullptr, *MnuEditModeFile = nullptr;
     QLabel* PicJupIcon = nullptr; // shown while a mode is active
     Form8* PictureStore() const { return form8_.get(); }
+    ScriptRunner& Scripts() const { return *scripts_; }
 };
 
 } // namespace tarvelle
