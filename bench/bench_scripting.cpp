@@ -14,21 +14,6 @@ using namespace tarvelle;
 
 namespace {
 
-class QuietHost final : public ScriptHost {
-public:
-    std::string last;
-    void SetStatus(const std::string& text) override { last = text; }
-    std::string Status() const override { return last; }
-    void DoEvents() override {}
-    void WaitForEvents(std::optional<double>) override {}
-    void StartTimerPause() override {}
-    void StopTimerPause() override {}
-    void StopTimer1() override {}
-    void StepperBox(const std::string&) override {}
-    std::string Label3Text() override { return " LMST: 01:02:03"; }
-    std::string ActiveModeNames() override { return {}; }
-};
-
 void BM_PlainCommands(benchmark::State& state) {
     QTemporaryDir dir;
     const std::string path = dir.filePath("long.scp").toStdString();
@@ -46,7 +31,7 @@ void BM_PlainCommands(benchmark::State& state) {
     RecordingDesktop desktop;
     Station station(settings, clock, dialogs, desktop, dir.path() + "/");
     station.core.JupAz = 123.4;
-    QuietHost host;
+    QuietScriptHost host;
     RecordingScriptDevices devices;
     ScriptInterpreter script(station, host, devices);
     int64_t commands = 0;

@@ -11,16 +11,6 @@ namespace {
 
 constexpr char kSection[] = "Tasks";
 
-int SecondsOfDay(double dateValue) {
-    const CalendarFields f = FieldsOf(dateValue);
-    return f.hour * 3600 + f.minute * 60 + f.second;
-}
-
-double WholeDay(double dateValue) {
-    const CalendarFields f = FieldsOf(dateValue);
-    return DateSerial(f.year, f.month, f.day);
-}
-
 double D(float x) {
     return static_cast<double>(x);
 }

@@ -58,6 +58,12 @@ std::optional<std::vector<int>> Fields(const std::string& text, char sep) {
     }
 }
 
+std::string WholeText(double x) {
+    return std::to_string(static_cast<long long>(x));
+}
+
+} // namespace
+
 int SecondsOfDay(double dateValue) {
     const CalendarFields f = FieldsOf(dateValue);
     return f.hour * 3600 + f.minute * 60 + f.second;
@@ -67,12 +73,6 @@ double WholeDay(double dateValue) {
     const CalendarFields f = FieldsOf(dateValue);
     return DateSerial(f.year, f.month, f.day);
 }
-
-std::string WholeText(double x) {
-    return std::to_string(static_cast<long long>(x));
-}
-
-} // namespace
 
 std::optional<int> ScriptTimeOfDay(const std::string& parameter) {
     const auto f = Fields(TokenWith(parameter, ':'), ':');

@@ -71,20 +71,11 @@ TEST(SerialSettings, ReadsBaudParityDataAndStopBits) {
 }
 
 // A host on the real event loop.
-class LoopHost final : public ScriptHost {
+class LoopHost final : public QuietScriptHost {
 public:
     explicit LoopHost(ClockSource& clock) : clock_(clock), waits_([] {}) {}
-    std::vector<std::string> statuses;
-    void SetStatus(const std::string& t) override { statuses.push_back(t); }
-    std::string Status() const override { return statuses.empty() ? "" : statuses.back(); }
     void DoEvents() override { EventLoopWaits::DoEvents(); }
     void WaitForEvents(std::optional<double> until) override { waits_.WaitForEvents(until, clock_.LocalNow()); }
-    void StartTimerPause() override {}
-    void StopTimerPause() override {}
-    void StopTimer1() override {}
-    void StepperBox(const std::string&) override {}
-    std::string Label3Text() override { return {}; }
-    std::string ActiveModeNames() override { return {}; }
 
 private:
     ClockSource& clock_;

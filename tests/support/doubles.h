@@ -6,6 +6,7 @@
 #include "station/desktop.h"
 #include "station/dialogs.h"
 #include "platform/script_devices.h"
+#include "scripting/script_interpreter.h"
 
 #include <QStringList>
 
@@ -157,6 +158,22 @@ public:
         return {};
     }
     std::vector<std::string> WindowTitles() override { return windows; }
+};
+
+// A script host that shows nothing and never waits.
+class QuietScriptHost : public ScriptHost {
+public:
+    std::string status; // the last one
+    void SetStatus(const std::string& text) override { status = text; }
+    std::string Status() const override { return status; }
+    void DoEvents() override {}
+    void WaitForEvents(std::optional<double>) override {}
+    void StartTimerPause() override {}
+    void StopTimerPause() override {}
+    void StopTimer1() override {}
+    void StepperBox(const std::string&) override {}
+    std::string Label3Text() override { return {}; }
+    std::string ActiveModeNames() override { return {}; }
 };
 
 } // namespace tarvelle

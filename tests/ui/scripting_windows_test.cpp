@@ -81,26 +81,14 @@ protected:
         station->modes.ModeName[1] = "Io-A";
         station->modes.ModeName[2] = "Io-B";
         WriteFile("one.scp", "EXIT\n");
-        host = std::make_unique<Host>();
+        host = std::make_unique<QuietScriptHost>();
         script = std::make_unique<ScriptInterpreter>(*station, *host, devices);
         task = std::make_unique<AutomationTask>(*station, *script);
     }
-    struct Host final : ScriptHost {
-        void SetStatus(const std::string&) override {}
-        std::string Status() const override { return {}; }
-        void DoEvents() override {}
-        void WaitForEvents(std::optional<double>) override {}
-        void StartTimerPause() override {}
-        void StopTimerPause() override {}
-        void StopTimer1() override {}
-        void StepperBox(const std::string&) override {}
-        std::string Label3Text() override { return {}; }
-        std::string ActiveModeNames() override { return {}; }
-    };
     QString Saved(const char* key) { return settings->get("Tasks", key, "<none>"); }
 
     RecordingScriptDevices devices;
-    std::unique_ptr<Host> host;
+    std::unique_ptr<QuietScriptHost> host;
     std::unique_ptr<ScriptInterpreter> script;
     std::unique_ptr<AutomationTask> task;
 };
