@@ -3,6 +3,7 @@
 #include "cli/cli_support.h"
 #include "cli/cli_tables.h"
 #include "cli/cli_sky.h"
+#include "cli/cli_scripting.h"
 
 #include "core/astro_core.h"
 #include "station/clock_source.h"
@@ -274,7 +275,7 @@ std::vector<CliCommand> StationCommands() {
 // Every area's commands, in the order of the usage text.
 std::vector<CliCommand> AllCommands() {
     std::vector<CliCommand> all;
-    for (const auto& area : {StationCommands(), TablesCommands(), SkyCommands()})
+    for (const auto& area : {StationCommands(), TablesCommands(), SkyCommands(), ScriptingCommands()})
         all.insert(all.end(), area.begin(), area.end());
     return all;
 }

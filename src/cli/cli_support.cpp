@@ -57,7 +57,7 @@ void RequireOnly(const Options& options, std::initializer_list<const char*> allo
     for (const auto& [key, value] : options) {
         bool ok = false;
         for (const char* name : allowed) ok = ok || key == name;
-        if (!ok) throw UsageError("unknown option --" + key);
+        if (!ok) throw UsageError(key.empty() ? "unexpected argument '" + value + "'" : "unknown option --" + key);
     }
 }
 

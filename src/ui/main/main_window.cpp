@@ -28,6 +28,9 @@
 #include "core/text_forms.h"
 #include "station/time_entry.h"
 #include "station/version.h"
+#include "ui/scripting/parameters_window.h"
+#include "ui/scripting/script_builder_window.h"
+#include "ui/scripting/script_runner.h"
 
 #include <QAction>
 #include <QApplication>
@@ -136,6 +139,7 @@ Form1::Form1(Station& station, QWidget* parent) : QMainWindow(parent), st_(stati
     ConnectCommands();
     ConnectServerAndLog();
     ConnectSkyWindows();
+    ConnectScriptingWindows();
 }
 
 Form1::~Form1() = default;
@@ -901,14 +905,6 @@ namespace tarvelle {
 
 // The ephemeris tables and graphs: one window of each kind, brought forward when already open.
 namespace {
-template <typename W> W* Reopen(QWidget* owner) {
-    auto* open = owner->findChild<W*>();
-    if (!open || !open->isVisible()) return nullptr;
-    open->showNormal();
-    open->raise();
-    open->activateWindow();
-    return open;
-}
 template <typename W> void ShowNew(W* window) {
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->show();
@@ -937,7 +933,7 @@ void Form1::ConnectTablesWindows() {
 
 void Form1::MnuEphemerisClick() {
     timer1_->stop();
-    if (Reopen<Form2>(this)) return;
+    if (RaiseOpen<Form2>(this)) return;
     QAction* item = findChild<QAction*>("MnuEphemeris");
     QAction* entry = findChild<QAction*>("MnuWindowEphemeris");
     auto* form2 = new Form2(st_, timer1_, [item, entry] {
@@ -949,15 +945,83 @@ void Form1::MnuEphemerisClick() {
 }
 
 void Form1::mnuYearlyRiseSetClick() {
-    if (!Reopen<FormRiseSet>(this)) ShowNew(new FormRiseSet(st_, timer1_, this));
+    if (!RaiseOpen<FormRiseSet>(this)) ShowNew(new FormRiseSet(st_, timer1_, this));
 }
 
 void Form1::MnuDeClick() {
-    if (!Reopen<FormDe>(this)) ShowNew(new FormDe(st_, this));
+    if (!RaiseOpen<FormDe>(this)) ShowNew(new FormDe(st_, this));
 }
 
 void Form1::mnuAltAzTableClick() {
-    if (!Reopen<FormAltAzTable>(this)) ShowNew(new FormAltAzTable(st_, timer1_, this));
+    if (!RaiseOpen<FormAltAzTable>(this)) ShowNew(new FormAltAzTable(st_, timer1_, this));
+}
+
+// Scripts and automation: the menu entries and buttons, and the two hooks of the tick.
+void Form1::ConnectScriptingWindows() {
+    scripts_ = std::make_unique<ScriptRunner>(st_, *LBLQ, *Label3, *timer1_, *this);
+    const std::pair<const char*, void (Form1::*)()> entries[] = {
+        {"MnuRunScript", &Form1::MnuRunScriptClick},       {"mnuStepThroughScript", &Form1::mnuStepThroughScriptClick},
+        {"MnuLoadEditScript", &Form1::MnuLoadEditScriptClick}, {"MnuParameters", &Form1::MnuParametersClick},
+        {"MnuActivate", &Form1::MnuActivateClick}};
+    for (const auto& [name, slot] : entries) {
+        QAction* action = findChild<QAction*>(name);
+        action->setEnabled(true);
+        connect(action, &QAction::triggered, this, slot);
+    }
+    findChild<QAction*>("MnuActivate")->setCheckable(true);
+    for (QToolButton* b : {CmdAutomation, cmdRunAutomation, cmdStopAutomation}) b->setEnabled(true);
+    connect(CmdAutomation, &QToolButton::clicked, this, &Form1::CmdAutomationClick);
+    connect(cmdRunAutomation, &QToolButton::clicked, this, &Form1::MnuActivateClick);
+    connect(cmdStopAutomation, &QToolButton::clicked, this, &Form1::MnuActivateClick);
+}
+
+void Form1::LoadAutomationParameters() {
+    scripts_->Task().LoadAutomationParameters();
+}
+
+void Form1::AutomationMonitor() {
+    scripts_->Task().AutomationMonitor();
+}
+
+void Form1::MnuRunScriptClick() {
+    // The filter with its pattern, so that the dialog offers script files first.
+    const QString path = st_.dialogs.OpenFile("Load Script File", "Script File(*.scp)|*.scp|Any (*.*)|*.*", "*.scp");
+    if (path.isEmpty()) return;
+    scripts_->Interpreter().RunScript(path.toStdString());
+    // A PAUSE stops the tick; in real time the clock goes on once the script is over.
+    if (core_.RealTimeMode && !timer1_->isActive()) timer1_->start();
+}
+
+void Form1::mnuStepThroughScriptClick() {
+    scripts_->Interpreter().StepMode = true;
+    MnuRunScriptClick();
+    scripts_->Interpreter().StepMode = false;
+}
+
+void Form1::MnuLoadEditScriptClick() {
+    FormScripter builder(st_, this);
+    builder.exec();
+}
+
+void Form1::MnuParametersClick() {
+    FormParameters parameters(st_, scripts_->Task(), Q(titleText_), this);
+    parameters.exec();
+}
+
+void Form1::CmdAutomationClick() {
+    MnuParametersClick();
+    st_.automation.DoneToday = false;
+}
+
+void Form1::MnuActivateClick() {
+    QAction* activate = findChild<QAction*>("MnuActivate");
+    const AutomationTask::Toggle t = scripts_->Task().ToggleAutomation();
+    activate->setChecked(scripts_->Task().AutomationActive);
+    if (t == AutomationTask::Toggle::Refused) return;
+    const bool on = t == AutomationTask::Toggle::Started;
+    cmdStopAutomation->setVisible(on);
+    cmdRunAutomation->setVisible(!on);
+    LBLQ->setText(on ? "  Automation Started" : "  Automation Stopped");
 }
 
 } // namespace tarvelle

@@ -33,6 +33,7 @@ namespace tarvelle {
 
 class JisServer;
 class FormObserverLog;
+class ScriptRunner;
 
 class Form1 : public QMainWindow, public JisControl {
     Q_OBJECT
@@ -138,8 +139,8 @@ private:
     void LoadProbTable();
     void LoadPictureStore();
     void LoadModeFile();
-    void LoadAutomationParameters() {}
-    void AutomationMonitor() {}
+    void LoadAutomationParameters();
+    void AutomationMonitor();
 
     // The server's and the log's commands, and the views ShowForThisTime serves.
     void ConnectServerAndLog();
@@ -150,8 +151,18 @@ private:
     };
     std::vector<TimedView> ViewsForThisTime();
 
+    // Scripts and automation.
+    void ConnectScriptingWindows();
+    void MnuRunScriptClick();
+    void mnuStepThroughScriptClick();
+    void MnuLoadEditScriptClick();
+    void MnuParametersClick();
+    void CmdAutomationClick();
+    void MnuActivateClick();
+
     Station& st_;
     Core& core_;
+    std::unique_ptr<ScriptRunner> scripts_;
 
     std::string titleText_;
     std::string versionText_;
@@ -193,6 +204,7 @@ public:
     QAction *MnuLoadModeFile = nullptr, *MnuSaveModeFile = nullptr, *MnuEditModeFile = nullptr;
     QLabel* PicJupIcon = nullptr; // shown while a mode is active
     Form8* PictureStore() const { return form8_.get(); }
+    ScriptRunner& Scripts() const { return *scripts_; }
 };
 
 } // namespace tarvelle

@@ -1,0 +1,103 @@
+#include "formats/script_file.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <system_error>
+
+namespace tarvelle {
+
+namespace {
+
+std::optional<std::string> ReadWhole(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) return std::nullopt;
+    std::ostringstream text;
+    text << in.rdbuf();
+    if (in.bad()) return std::nullopt;
+    return text.str();
+}
+
+bool SameIgnoringCase(const std::string& a, const std::string& b) {
+    return UpperAscii(a) == UpperAscii(b);
+}
+
+} // namespace
+
+std::string UpperAscii(std::string_view text) {
+    std::string out(text);
+    for (char& c : out)
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    return out;
+}
+
+std::vector<std::string> SplitTextLines(std::string_view text) {
+    std::vector<std::string> lines;
+    size_t start = 0;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\r' && text[i] != '\n') continue;
+        lines.emplace_back(text.substr(start, i - start));
+        if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
+        start = i + 1;
+    }
+    if (start < text.size()) lines.emplace_back(text.substr(start));
+    return lines;
+}
+
+bool IsDroppedScriptLine(std::string_view line) {
+    return line.size() <= 2 || line.substr(0, 2) == "\\\\";
+}
+
+std::optional<std::vector<std::string>> ReadScriptLines(const std::string& path) {
+    const auto text = ReadWhole(path);
+    if (!text) return std::nullopt;
+    std::vector<std::string> kept;
+    for (std::string& line : SplitTextLines(*text)) {
+        if (IsDroppedScriptLine(line)) continue;
+        if (kept.size() < kScriptStoredLines) kept.push_back(std::move(line));
+    }
+    kept.resize(kept.size() + 2); // two empty entries close every script
+    return kept;
+}
+
+std::optional<std::vector<std::string>> ReadScriptText(const std::string& path) {
+    const auto text = ReadWhole(path);
+    if (!text) return std::nullopt;
+    return SplitTextLines(*text);
+}
+
+bool WriteScriptText(const std::string& path, const std::vector<std::string>& lines) {
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    if (!out) return false;
+    for (const std::string& line : lines) out << line << "\r\n";
+    return static_cast<bool>(out.flush());
+}
+
+std::string FindFileAnyCase(const std::string& path) {
+    namespace fs = std::filesystem;
+    std::error_code ec;
+    const fs::path wanted(path);
+    if (fs::exists(wanted, ec)) return path;
+    fs::path found = wanted.is_absolute() ? wanted.root_path() : fs::path();
+    for (const fs::path& part : wanted.relative_path()) {
+        const fs::path exact = found / part;
+        if (fs::exists(exact, ec)) {
+            found = exact;
+            continue;
+        }
+        bool matched = false;
+        const fs::path dir = found.empty() ? fs::path(".") : found;
+        for (const auto& entry : fs::directory_iterator(dir, ec)) {
+            if (SameIgnoringCase(entry.path().filename().string(), part.string())) {
+                found = found / entry.path().filename();
+                matched = true;
+                break;
+            }
+        }
+        if (!matched) return path;
+    }
+    return found.string();
+}
+
+} // namespace tarvelle

@@ -1,0 +1,195 @@
+// The automation task over simulated minutes: which script runs when, on the recording devices.
+#include "script_test_host.h"
+#include "station_test.h"
+
+#include "core/date_value.h"
+#include "scripting/automation.h"
+
+#include <gtest/gtest.h>
+
+using namespace tarvelle;
+
+namespace {
+
+class Automation : public StationTest {
+protected:
+    void SetUp() override {
+        StationTest::SetUp();
+        UseSampleObserver();
+        station->modes.ModesLoaded = true;
+        station->modes.NumModes = 6;
+        host = std::make_unique<TestScriptHost>(clock);
+        script = std::make_unique<ScriptInterpreter>(*station, *host, devices);
+        host->interpreter = script.get();
+        task = std::make_unique<AutomationTask>(*station, *script);
+        for (size_t i = 1; i <= kTaskScripts; ++i) {
+            const QString name = QString("s%1.scp").arg(i);
+            WriteFile(name, QString("COM_SEND STRING (S%1)\n").arg(i).toUtf8());
+            task->p.ScriptFileName[i] = (programDir + name).toStdString();
+        }
+        task->AutomationActive = true;
+    }
+    // One call of the monitor at a local time of 2026-11-22 with the given live values.
+    std::string Minute(int hour, int minute, double jupAlt, double sunAlt = -10.0, double jupAz = 180.0) {
+        clock.local = DateSerial(2026, 11, 22) + TimeSerial(hour, minute, 0);
+        core().JupAlt = jupAlt;
+        core().SunAlt = sunAlt;
+        core().JupAz = jupAz;
+        devices.sent.clear();
+        task->AutomationMonitor();
+        return devices.sent;
+    }
+
+    RecordingScriptDevices devices;
+    std::unique_ptr<TestScriptHost> host;
+    std::unique_ptr<ScriptInterpreter> script;
+    std::unique_ptr<AutomationTask> task;
+};
+
+TEST_F(Automation, ConditionsRiseWithScriptOneAndEndWithScriptTwo) {
+    AutomationParameters& p = task->p;
+    p.UseJupAlt = true;
+    p.JupAlt1 = 10;
+    p.JupAlt2 = 20;
+    p.SunIsDown = true;
+    p.RunScript[1] = p.RunScript[2] = true;
+    p.AudibleAlert = true;
+    const struct {
+        double jupAlt, sunAlt;
+        const char* runs;
+    } minutes[] = {
+        {5, -10, ""}, {10, -10, "S1"}, {15, -10, ""}, {20, -10, ""}, {20.5, -10, "S2"},
+        {25, -10, ""}, {12, 1, ""}, {12, 0, "S1"}, {12, 0.1, "S2"},
+    };
+    int m = 0;
+    for (const auto& c : minutes) EXPECT_EQ(Minute(20, m++, c.jupAlt, c.sunAlt), c.runs) << m;
+    EXPECT_EQ(desktop.beeps, 2);
+    EXPECT_EQ(task->LastTaskAlt, 12.0); // the altitude when the conditions last ended
+
+    // Without script 1 the conditions never count as met, and script 2 never runs.
+    p.RunScript[1] = false;
+    task->ConditionsMet = false;
+    EXPECT_EQ(Minute(21, 0, 15), "");
+    EXPECT_EQ(Minute(21, 1, 30), "");
+    EXPECT_FALSE(task->ConditionsMet);
+}
+
+TEST_F(Automation, ATimeTaskFiresOncePerDayInLocalOrGmt) {
+    AutomationParameters& p = task->p;
+    p.DoAtThisTime = true;
+    p.TaskTime = TimeSerial(16, 0, 0);
+    p.RunScript[4] = true;
+    EXPECT_EQ(Minute(15, 59, 0), "");
+    EXPECT_EQ(Minute(16, 0, 0), "S4");
+    EXPECT_EQ(Minute(16, 1, 0), "");
+    station->automation.DoneToday = false; // a new date, or the parameters window
+    EXPECT_EQ(Minute(16, 2, 0), "S4");
+    // In GMT 16:00 is 11:00 here, five hours west.
+    p.TaskUseGMT = true;
+    station->automation.DoneToday = false;
+    EXPECT_EQ(Minute(10, 59, 0), "");
+    EXPECT_EQ(Minute(11, 0, 0), "S4");
+    // With script 4 off the time passes all the same.
+    p.RunScript[4] = false;
+    station->automation.DoneToday = false;
+    Minute(11, 1, 0);
+    EXPECT_TRUE(station->automation.DoneToday);
+}
+
+TEST_F(Automation, MovementTriggerFollowsTheTargetFromItsLastFiring) {
+    AutomationParameters& p = task->p;
+    p.AltChanges = true;
+    p.AltChangeDeg = 5;
+    p.RunScript[3] = true;
+    const struct {
+        double jupAlt;
+        const char* runs;
+    } minutes[] = {{-10, "S3"}, {-12, ""}, {-15, ""}, {-15.5, "S3"}, {-10.5, ""}, {-10.4, "S3"}};
+    int m = 0;
+    for (const auto& c : minutes) EXPECT_EQ(Minute(3, m++, c.jupAlt), c.runs) << m;
+    p.AltChangeDeg = 0; // a stored zero never fires
+    EXPECT_EQ(Minute(3, 10, 80), "");
+    // The Sun as target.
+    p.AltChangeDeg = 5;
+    p.AltAzTarget = 1;
+    EXPECT_EQ(Minute(3, 11, 80, -4), "S3");
+    EXPECT_EQ(task->LastTaskAlt, -4.0);
+}
+
+TEST_F(Automation, ModesAndDatesHoldTheTaskBack) {
+    AutomationParameters& p = task->p;
+    p.RunScript[1] = p.RunScript[2] = true;
+    p.ModeTask[2] = true;
+    const int minuteGmt = 1 * 60 + 5; // 20:05 local is 01:05 GMT
+    station->activity.ModeActivity[2][minuteGmt] = 1;
+    EXPECT_EQ(Minute(20, 4, 0), "");
+    EXPECT_EQ(Minute(20, 5, 0), "S1");
+    EXPECT_TRUE(task->ModeActiveNow);
+    // A task for tomorrow's GMT date does nothing, not even the end of the conditions.
+    p.DoOnThisDate = true;
+    p.TaskDate = DateSerial(2026, 11, 24);
+    EXPECT_EQ(Minute(20, 6, 0), "");
+    EXPECT_TRUE(task->ConditionsMet);
+    p.TaskDate = DateSerial(2026, 11, 23);
+    EXPECT_EQ(Minute(20, 6, 0), "S2");
+    // Off, or with a script running, the monitor does nothing.
+    task->AutomationActive = false;
+    EXPECT_EQ(Minute(20, 5, 0), "");
+    task->AutomationActive = true;
+    script->ScriptRunning = true;
+    EXPECT_EQ(Minute(20, 5, 0), "");
+}
+
+TEST_F(Automation, ToggleRefusesWithoutTasksAndAsksBeforeEndingAScript) {
+    task->AutomationActive = false;
+    EXPECT_EQ(task->ToggleAutomation(), AutomationTask::Toggle::Refused);
+    EXPECT_EQ(dialogs.messages.back().title, "No Tasks Selected");
+    task->p.RunScript[3] = true;
+    task->LastTaskAlt = 7;
+    EXPECT_EQ(task->ToggleAutomation(), AutomationTask::Toggle::Started);
+    EXPECT_EQ(task->LastTaskAlt, 0.0);
+    const size_t shown = dialogs.messages.size();
+    EXPECT_EQ(task->ToggleAutomation(), AutomationTask::Toggle::Stopped);
+    EXPECT_EQ(dialogs.messages.size(), shown); // no script running: no question
+    task->ToggleAutomation();
+    script->ScriptRunning = true;
+    dialogs.answers = {MsgAnswer::No, MsgAnswer::Yes};
+    task->ToggleAutomation();
+    EXPECT_TRUE(script->ScriptRunning);
+    task->ToggleAutomation();
+    task->ToggleAutomation();
+    EXPECT_FALSE(script->ScriptRunning);
+    EXPECT_EQ(dialogs.messages.back().text, "End script that is running??");
+}
+
+TEST_F(Automation, LoadReadsEveryKeyAndRefusesWithoutModes) {
+    const std::pair<const char*, const char*> keys[] = {
+        {"Mode2Task", " 1"}, {"Mode3Task", "-1"}, {"JupAz", "1"}, {"JupAz1", " 10.5"}, {"JupAlt", "True"},
+        {"JupAlt2", "45"}, {"TaskDate", "2026/12/01"}, {"TaskTime", "06:30:00"}, {"RunScript3", "1"},
+        {"ScriptFileName3", "/x/y.scp"}, {"AltAzTarget", "1"}, {"AzChangeDeg", "7.5"}};
+    for (const auto& [k, v] : keys) settings->save("Tasks", k, v);
+    ASSERT_TRUE(task->LoadAutomationParameters());
+    const AutomationParameters& p = task->p;
+    EXPECT_TRUE(p.ModeTask[2]);
+    EXPECT_FALSE(p.ModeTask[3]);
+    EXPECT_TRUE(p.UseJupAz);
+    EXPECT_EQ(p.JupAz1, 10.5f);
+    EXPECT_EQ(p.JupAz2, 359.9f);
+    EXPECT_FALSE(p.UseJupAlt); // only a stored 1 is true
+    EXPECT_EQ(p.JupAlt2, 45.0f);
+    EXPECT_EQ(p.TaskDate, DateSerial(2026, 12, 1));
+    EXPECT_DOUBLE_EQ(p.TaskTime, TimeSerial(6, 30, 0));
+    EXPECT_TRUE(p.RunScript[3]);
+    EXPECT_EQ(p.ScriptFileName[3], "/x/y.scp");
+    EXPECT_EQ(p.AltAzTarget, 1);
+    EXPECT_EQ(p.AzChangeDeg, 7.5f);
+    EXPECT_EQ(station->automation.JupAlt2, 45.0);
+
+    station->modes.ModesLoaded = false;
+    task->p.AzChangeDeg = 1;
+    EXPECT_FALSE(task->LoadAutomationParameters());
+    EXPECT_EQ(task->p.AzChangeDeg, 1.0f);
+    EXPECT_EQ(dialogs.messages.back().title, "Automation Parameter Load Error");
+}
+
+} // namespace
