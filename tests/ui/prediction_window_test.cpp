@@ -309,3 +309,28 @@ TEST_F(PredictionCommandTest, NoModeFileNoPrediction) {
     EXPECT_EQ(dialogs.messages[0].text, "No Mode File Has Been Loaded. \r\n Prediction Not Possible.");
     EXPECT_EQ(main.findChild<Form3*>(), nullptr);
 }
+
+TEST_F(Form3Test, TheNowLineOnTodayOnlyAndTheChartGrowsWithTheWindow) {
+    // The station's clock reads 15:30 at -5 hours: 20:30 GMT on the day shown.
+    ASSERT_TRUE(form->NowSecond().has_value());
+    EXPECT_EQ(*form->NowSecond(), 20.5 * 3600);
+    EXPECT_EQ(ChartPixel(20.5 * 60, 4.0), 0xFFFFFF);
+    form->CmdNextDayClick();
+    EXPECT_FALSE(form->NowSecond().has_value());
+    form->CmdPreviousClick();
+    ASSERT_TRUE(form->NowSecond().has_value());
+
+    form->show();
+    const int firstWidth = form->Picture1->Surface().PixelWidth();
+    const int firstHeight = form->Picture1->Surface().PixelHeight();
+    form->resize(form->width() + 600, form->height() + 300);
+    QApplication::processEvents();
+    const PlotSurface& s = form->Picture1->Surface();
+    EXPECT_GT(s.PixelWidth(), firstWidth + 400);
+    EXPECT_GT(s.PixelHeight(), firstHeight + 100);
+    EXPECT_EQ(form->PicSunAlt->Surface().PixelWidth(), s.PixelWidth());
+    // Drawn again at the new size: the hour band reaches the right edge, the now line moved with it.
+    EXPECT_EQ(s.Pixel(s.PixelWidth() - 1, 2), QBColor(2));
+    EXPECT_EQ(ChartPixel(20.5 * 60, 4.0), 0xFFFFFF);
+    form->close();
+}
