@@ -104,12 +104,12 @@ TEST_F(Form3Test, ChartColoursBelowTheHorizonAndModeBars) {
     }
     ASSERT_GT(below, 0);
     EXPECT_EQ(ChartPixel(below + 0.5, 5.7), RGB(0, 0, 255));
-    // A mode's bar lies from 60 (m + 1) to 60 (m + 2) seconds, rows i + 0.5 to i + 2; at
-    // i + 1.25 no other mode's bar reaches.
+    // A heard minute's bar lies from 60 (m + 1) to 60 (m + 2) seconds, rows i + 0.5 to i + 2;
+    // at i + 1.25 no other mode's bar reaches. (Minutes the limits take out are hatched.)
     int checked = 0;
     for (int i = 1; i <= 6; ++i) {
         for (int m = 30; m < 1400; ++m) {
-            if (station->activity.ModeActivity[static_cast<size_t>(i)][static_cast<size_t>(m)] == 0) continue;
+            if (station->activity.ModeActivity[static_cast<size_t>(i)][static_cast<size_t>(m)] != 1) continue;
             if ((m + 1) % 20 == 0 || (m + 2) % 20 == 0) continue; // the minute lines draw over
             EXPECT_EQ(ChartPixel(m + 1.5, i + 1.25), ModeColour(i)) << "mode " << i << " minute " << m;
             ++checked;

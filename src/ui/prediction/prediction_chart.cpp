@@ -46,8 +46,11 @@ void DrawBar(PlotSurface& s, int mode, int first, int last, int state) {
     const float x1 = 60.0f * static_cast<float>(first + 1), x2 = 60.0f * static_cast<float>(last + 2);
     const float y1 = static_cast<float>(mode) + 0.5f, y2 = static_cast<float>(mode + 2);
     if (state > 0) {
+        // Edged above and below only: an event of a minute or two is a pixel wide, and ends
+        // drawn black would hide its colour.
         s.FillBox(x1, y1, x2, y2, ModeColour(mode));
-        s.DrawBox(x1, y1, x2, y2, kBlack);
+        s.DrawLine(x1, y1, x2, y1, kBlack);
+        s.DrawLine(x1, y2, x2, y2, kBlack);
     } else {
         DrawHatched(s, x1, y1, x2, y2, ModeColour(mode));
     }
@@ -132,8 +135,9 @@ void DrawSunBar(PlotSurface& s, const ChartDay& day) {
 
 std::optional<double> NowLineSecond(double shownDate, double gmtNow) {
     if (std::floor(shownDate) != std::floor(gmtNow)) return std::nullopt;
-    const double minute = std::floor((gmtNow - std::floor(gmtNow)) * kMinutesPerDay);
-    return 60.0 * minute;
+    // To the nearest second first: a date value holds 23:59:00 as a hair less.
+    const double second = std::round((gmtNow - std::floor(gmtNow)) * 86400.0);
+    return 60.0 * std::floor(second / 60.0);
 }
 
 void DrawNowLine(PlotSurface& s, double second) {

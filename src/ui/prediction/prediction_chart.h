@@ -31,7 +31,7 @@ int ModeColour(int mode);
 int AltitudeColour(int altitude);
 
 // Jupiter's altitude minute by minute (blue below the horizon), the 20-minute and hour lines
-// and the modes' bars: a heard event solid in its mode's colour and outlined in black, so that
+// and the modes' bars: a heard event solid in its mode's colour and edged in black, so that
 // every colour stands out on the pale and on the blue ground; an event taken out by the
 // altitude, Sun or hour-angle limits only hatched in its colour, so that it is never read as
 // one to listen for.
