@@ -106,6 +106,13 @@ TEST_F(ObserverLooksTest, TheWindowKeepsItsSizeWhateverItShows) {
         EXPECT_EQ(form.sizeHint(), hint);
         EXPECT_EQ(form.Picture1->mapTo(&form, QPoint(0, 0)), map);
     }
+    // The map's read-out is never cut short, wherever the mouse is.
+    const auto* readout = dynamic_cast<const ElidedLabel*>(form.LBLLatLng);
+    ASSERT_NE(readout, nullptr);
+    for (const QPoint p : {QPoint(0, 0), QPoint(639, 319), QPoint(1, 300), QPoint(320, 160)}) {
+        form.MapMouseMove(p.x(), p.y());
+        EXPECT_EQ(readout->ShownText(), readout->text());
+    }
     // Every region and city name fits its list.
     form.CmdCitiesClick();
     for (int r = 0; r < form.ListRegions->count(); ++r) {

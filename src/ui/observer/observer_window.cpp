@@ -35,7 +35,7 @@ std::string ZoneText(double hours) { return Trim(StrForm(hours)); }
 constexpr const char* kObserverFilter = "Observer File|*.obs|Any|*.*";
 
 // The longest text the map's read-out shows, in the widest digits.
-constexpr const char* kWidestMapReadout = "Lat: -00:00:00   Lng:000:00:00 W";
+constexpr const char* kWidestMapReadout = "Lat: -00:00:00.0   Lng:000:00:00.0 W";
 // A list no wider than this, whatever a line of the city list holds.
 constexpr int kMostListWidth = 360;
 
