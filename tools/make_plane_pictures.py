@@ -11,7 +11,10 @@ Each plane is 360 x 360 pixels, one pixel a degree: x is CML - shift (wrapped in
 0..360), y is Io phase with 0 at the bottom, so pixel row 0 is Io phase 360. The
 colours come from the program's own probability table (tools/prob_table.py); the
 window draws the axis marks, the day's track and the marker itself, so none of that
-is drawn here.
+is drawn here. The window names a picture by whether its legend is shown, but the
+colour scale is only ever the legend beside the plane (pp-legend.bmp): a scale drawn
+into the picture would cover the map and the track's hour texts, so the pictures of
+the legend's choice are the same as the others.
 
     python3 tools/make_plane_pictures.py            # writes into data/
     python3 tools/make_plane_pictures.py OUTDIR     # writes somewhere else
@@ -303,30 +306,11 @@ def label_zone(cv, zone, shift):
     cv.text(x, y_of(io), name)
 
 
-# The percent marks of the scale and the legend.
+# The percent marks of the legend.
 MARKS = [0, 10, 20, 40, 60, 80, 100]
 
 
-def draw_scale_bar(cv):
-    """A narrow horizontal bar near the top edge, left clear of the window's tick marks
-    (10 pixels at each edge) and of its Io labels on the left."""
-    x0, x1 = 44, 316
-    y0, y1 = 15, 22
-    cv.shade(x0 - 6, y0 - 3, x1 + 16, y1 + 13, 0.35)
-    for x in range(x0, x1 + 1):
-        c = ramp((x - x0) / (x1 - x0))
-        for y in range(y0, y1 + 1):
-            cv.set(x, y, c)
-    for m in MARKS:
-        x = x0 + int(round(ramp_pos(m) * (x1 - x0)))
-        cv.set(x, y1 + 1, (255, 255, 255))
-        cv.set(x, y1 + 2, (255, 255, 255))
-        s = str(m) + ("%" if m == 100 else "")
-        tx = x - text_width(str(m)) // 2
-        cv.text(tx, y1 + 4, s, halo=None)
-
-
-def plane(values, shift, zones, scale):
+def plane(values, shift, zones):
     cv = Canvas(SIZE, SIZE)
     for y in range(SIZE):
         row = values[y]
@@ -338,8 +322,6 @@ def plane(values, shift, zones, scale):
             draw_zone(cv, z, shift)
         for z in ZONES:
             label_zone(cv, z, shift)
-    if scale:
-        draw_scale_bar(cv)
     return cv
 
 
@@ -378,8 +360,8 @@ def main():
     os.makedirs(out, exist_ok=True)
     table, source = load_probabilities()
     values = smoothed_plane(table)
-    for (shift, zones, scale), name in sorted(NAMES.items()):
-        plane(values, shift, zones, scale).write_bmp(os.path.join(out, name))
+    for (shift, zones, _legend), name in sorted(NAMES.items()):
+        plane(values, shift, zones).write_bmp(os.path.join(out, name))
     legend().write_bmp(os.path.join(out, "pp-legend.bmp"))
     print("wrote %d pictures into %s from the %s" % (len(NAMES) + 1, out, source))
 

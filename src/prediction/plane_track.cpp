@@ -3,7 +3,9 @@
 #include "core/numeric.h"
 #include "core/text_forms.h"
 
+#include <algorithm>
 #include <cmath>
+#include <set>
 
 namespace tarvelle {
 
@@ -24,6 +26,29 @@ std::string TrackHourText(double hours, bool useGMT, double obsTZ) {
 }
 
 double TrackEndOfDay(bool useGMT, double obsTZ) { return useGMT ? 1440.0 : 1440.0 - obsTZ * 60.0; }
+
+std::vector<size_t> TrackHourRows(bool useGMT, double obsTZ) {
+    constexpr size_t kLastRow = 1800, kHour = 60;
+    const double end = TrackEndOfDay(useGMT, obsTZ), start = end - 1440.0;
+    std::vector<size_t> rows;
+    std::set<std::string> placed;
+    for (const bool withinDay : {true, false}) {
+        for (size_t k = 0; k <= kLastRow; k += kHour) {
+            const auto minute = static_cast<double>(k);
+            if ((minute >= start && minute < end) != withinDay) continue;
+            if (placed.insert(TrackHourText(minute / 60.0, useGMT, obsTZ)).second) rows.push_back(k);
+        }
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+std::string PlaneReadoutText(double value) {
+    std::string text = FormatNumberMask(value, "###.#");
+    if (!text.empty() && text.back() == '.') text.pop_back();
+    if (text.empty() || text.front() == '.') text.insert(0, "0");
+    return text;
+}
 
 int16_t DayPointerOf(double t) {
     return static_cast<int16_t>(RoundHalfEven((t - std::floor(t)) / 0.000694444));

@@ -3,8 +3,10 @@
 // what lies under the mouse. The plane is 360 degrees a side; Io phase runs upward.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace tarvelle {
 
@@ -17,6 +19,15 @@ std::string TrackHourText(double hours, bool useGMT, double obsTZ);
 
 // The minute of the day tables after which the track is dotted: the end of the day shown.
 double TrackEndOfDay(bool useGMT, double obsTZ);
+
+// The rows of the day tables (whole hours, 0 to 1800) that carry an hour text: each text once,
+// where it falls within the day shown if it does, so that the track past the day's end does
+// not repeat the morning's hours.
+std::vector<size_t> TrackHourRows(bool useGMT, double obsTZ);
+
+// A value of the plane's read-outs: to one decimal, without a trailing dot ("137", "137.4")
+// and with a 0 before a bare decimal ("0.5").
+std::string PlaneReadoutText(double value);
 
 // The row of the day tables for an instant (GMT date value): its fraction of a day counted in
 // the tables' steps and rounded.

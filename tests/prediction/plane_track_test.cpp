@@ -3,6 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <set>
+#include <string>
+#include <vector>
+
 using namespace tarvelle;
 
 TEST(PlaneTrack, ShiftHourTextsAndTheEndOfTheDay) {
@@ -28,4 +33,41 @@ TEST(PlaneTrack, MarkerCornerAndPointer) {
     const PlanePoint p = PlanePointAt(315, 270, 45);
     EXPECT_EQ(p.cml, 0.0f); // 360 folds to 0
     EXPECT_EQ(p.io, 90.0f);
+}
+
+TEST(PlaneTrack, EachHourTextOnceAndWithinTheDayShown) {
+    struct Case {
+        bool gmt;
+        double zone;
+        size_t firstRow; // where the day shown starts carrying its texts
+    };
+    const Case cases[] = {{true, -5, 0}, {false, -5, 300}, {false, 5, 0}, {false, 5.5, 0},
+                          {false, -12, 720}, {false, 14, 0}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << "gmt " << c.gmt << " zone " << c.zone);
+        const std::vector<size_t> rows = TrackHourRows(c.gmt, c.zone);
+        std::set<std::string> texts;
+        for (const size_t k : rows) {
+            EXPECT_EQ(k % 60, 0u);
+            EXPECT_LE(k, 1800u);
+            EXPECT_TRUE(texts.insert(TrackHourText(static_cast<double>(k) / 60.0, c.gmt, c.zone)).second)
+                << "repeated at row " << k;
+        }
+        EXPECT_EQ(rows.size(), 24u); // every hour of the day, none twice
+        EXPECT_NE(std::find(rows.begin(), rows.end(), c.firstRow), rows.end());
+        // The day shown's own hours come before its end; the track beyond adds only what is missing.
+        const double end = TrackEndOfDay(c.gmt, c.zone);
+        for (size_t k = 0; k <= 1800; k += 60) {
+            const auto m = static_cast<double>(k);
+            if (m >= end - 1440.0 && m < end) {
+                EXPECT_NE(std::find(rows.begin(), rows.end(), k), rows.end()) << k;
+            }
+        }
+    }
+}
+
+TEST(PlaneTrack, ReadoutsWithoutATrailingDot) {
+    const std::pair<double, const char*> cases[] = {
+        {137.0, "137"}, {137.4, "137.4"}, {359.96, "360"}, {0.0, "0"}, {0.5, "0.5"}, {12.04, "12"}, {90.26, "90.3"}};
+    for (const auto& [value, text] : cases) EXPECT_EQ(PlaneReadoutText(value), text) << value;
 }

@@ -80,8 +80,8 @@ TEST_F(PlaneTest, MarkerStandsWhereTheShiftPutsIt) {
     EXPECT_EQ(plane->JupiterSprite.top, 260); // 360 - 90 - 9.5, halves to even
     const PlotSurface& s = plane->Pic1->Surface();
     EXPECT_EQ(s.Pixel(336 + 9, 260 + 9), pictures->PicJup.Pixel(9, 9)); // the disc's centre
-    EXPECT_EQ(plane->LBLCML->text(), "CML: 30.");
-    EXPECT_EQ(plane->LBLioPhase->text(), "Io Phase: 90.");
+    EXPECT_EQ(plane->LBLCML->text(), "CML: 30");
+    EXPECT_EQ(plane->LBLioPhase->text(), "Io Phase: 90");
 
     plane->chkShift45->setChecked(false);
     EXPECT_EQ(settings->get("CMLIoPlane", "Shift45"), "0");
@@ -117,13 +117,13 @@ TEST_F(PlaneTest, TheTrackIsDottedAfterTheEndOfTheLocalDay) {
 
 TEST_F(PlaneTest, ReadOutUnderTheMouseAndAwayFromIt) {
     plane->Pic1MouseMove(100, 270); // pixel 100 with the shift of 45 is CML 145; Io 90
-    EXPECT_EQ(plane->LBLCML->text(), "CML: 145.");
-    EXPECT_EQ(plane->LBLioPhase->text(), "Io Phase: 90.");
+    EXPECT_EQ(plane->LBLCML->text(), "CML: 145");
+    EXPECT_EQ(plane->LBLioPhase->text(), "Io Phase: 90");
     EXPECT_EQ(plane->LBLProb->text(), "Prob:  42%");
     plane->Pic1MouseMove(315, 270); // CML 360 folds to 0: column 0 of the table
     EXPECT_EQ(plane->LBLProb->text(), "Prob:  0%");
     plane->ShowPlottedValues();
-    EXPECT_EQ(plane->LBLCML->text(), "CML: 30.");
+    EXPECT_EQ(plane->LBLCML->text(), "CML: 30");
 }
 
 TEST_F(PlaneTest, ChoicesPickThePictureAndAMissingOneIsSaid) {

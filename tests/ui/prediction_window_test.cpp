@@ -104,12 +104,12 @@ TEST_F(Form3Test, ChartColoursBelowTheHorizonAndModeBars) {
     }
     ASSERT_GT(below, 0);
     EXPECT_EQ(ChartPixel(below + 0.5, 5.7), RGB(0, 0, 255));
-    // A mode's bar lies from 60 (m + 1) to 60 (m + 2) seconds, rows i + 0.5 to i + 2; at
-    // i + 1.25 no other mode's bar reaches.
+    // A heard minute's bar lies from 60 (m + 1) to 60 (m + 2) seconds, rows i + 0.5 to i + 2;
+    // at i + 1.25 no other mode's bar reaches. (Minutes the limits take out are hatched.)
     int checked = 0;
     for (int i = 1; i <= 6; ++i) {
         for (int m = 30; m < 1400; ++m) {
-            if (station->activity.ModeActivity[static_cast<size_t>(i)][static_cast<size_t>(m)] == 0) continue;
+            if (station->activity.ModeActivity[static_cast<size_t>(i)][static_cast<size_t>(m)] != 1) continue;
             if ((m + 1) % 20 == 0 || (m + 2) % 20 == 0) continue; // the minute lines draw over
             EXPECT_EQ(ChartPixel(m + 1.5, i + 1.25), ModeColour(i)) << "mode " << i << " minute " << m;
             ++checked;
@@ -308,4 +308,29 @@ TEST_F(PredictionCommandTest, NoModeFileNoPrediction) {
     ASSERT_EQ(dialogs.messages.size(), 1u);
     EXPECT_EQ(dialogs.messages[0].text, "No Mode File Has Been Loaded. \r\n Prediction Not Possible.");
     EXPECT_EQ(main.findChild<Form3*>(), nullptr);
+}
+
+TEST_F(Form3Test, TheNowLineOnTodayOnlyAndTheChartGrowsWithTheWindow) {
+    // The station's clock reads 15:30 at -5 hours: 20:30 GMT on the day shown.
+    ASSERT_TRUE(form->NowSecond().has_value());
+    EXPECT_EQ(*form->NowSecond(), 20.5 * 3600);
+    EXPECT_EQ(ChartPixel(20.5 * 60, 4.0), 0xFFFFFF);
+    form->CmdNextDayClick();
+    EXPECT_FALSE(form->NowSecond().has_value());
+    form->CmdPreviousClick();
+    ASSERT_TRUE(form->NowSecond().has_value());
+
+    form->show();
+    const int firstWidth = form->Picture1->Surface().PixelWidth();
+    const int firstHeight = form->Picture1->Surface().PixelHeight();
+    form->resize(form->width() + 600, form->height() + 300);
+    QApplication::processEvents();
+    const PlotSurface& s = form->Picture1->Surface();
+    EXPECT_GT(s.PixelWidth(), firstWidth + 400);
+    EXPECT_GT(s.PixelHeight(), firstHeight + 100);
+    EXPECT_EQ(form->PicSunAlt->Surface().PixelWidth(), s.PixelWidth());
+    // Drawn again at the new size: the hour band reaches the right edge, the now line moved with it.
+    EXPECT_EQ(s.Pixel(s.PixelWidth() - 1, 2), QBColor(2));
+    EXPECT_EQ(ChartPixel(20.5 * 60, 4.0), 0xFFFFFF);
+    form->close();
 }

@@ -3,18 +3,14 @@
 #include "render/artwork.h"
 #include "station/help_commands.h"
 #include "station/station.h"
+#include "ui/common/click_label.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
-
-#include <functional>
-#include <utility>
 
 namespace tarvelle {
 
@@ -22,37 +18,6 @@ namespace {
 
 constexpr int kIconSize = 64;
 constexpr int kTextWidth = 440;
-
-// A label that acts on a click of the left button, or on Enter or Space when it has the
-// focus, so that the link can be reached without a mouse.
-class ClickLabel final : public QLabel {
-public:
-    ClickLabel(QWidget* parent, std::function<void()> onClick)
-        : QLabel(parent), onClick_(std::move(onClick)) {
-        setCursor(Qt::PointingHandCursor);
-        setFocusPolicy(Qt::StrongFocus);
-    }
-
-protected:
-    void mouseReleaseEvent(QMouseEvent* event) override {
-        if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
-            onClick_();
-            return;
-        }
-        QLabel::mouseReleaseEvent(event);
-    }
-    void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
-            event->key() == Qt::Key_Space) {
-            onClick_();
-            return;
-        }
-        QLabel::keyPressEvent(event);
-    }
-
-private:
-    std::function<void()> onClick_;
-};
 
 QLabel* NamedLabel(QWidget* parent, const char* name, const QString& text) {
     auto* label = new QLabel(text, parent);

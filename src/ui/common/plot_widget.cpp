@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QResizeEvent>
 
 namespace tarvelle {
 
@@ -28,6 +29,20 @@ PlotWidget::PlotWidget(int widthPx, int heightPx, QWidget* parent)
 void PlotWidget::ResizeSurface(int widthPx, int heightPx) {
     surface_.ResizeImage(widthPx, heightPx);
     setFixedSize(surface_.PixelWidth(), surface_.PixelHeight());
+}
+
+void PlotWidget::FollowWindowSize(int minWidthPx, int minHeightPx, bool tall) {
+    follows_ = true;
+    setMinimumSize(minWidthPx, minHeightPx);
+    setMaximumSize(QWIDGETSIZE_MAX, tall ? QWIDGETSIZE_MAX : minHeightPx);
+    setSizePolicy(QSizePolicy::Expanding, tall ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+}
+
+void PlotWidget::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (!follows_ || (width() == surface_.PixelWidth() && height() == surface_.PixelHeight())) return;
+    surface_.ResizeImage(width(), height());
+    emit resized();
 }
 
 void PlotWidget::paintEvent(QPaintEvent*) {

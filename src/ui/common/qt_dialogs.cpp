@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -66,8 +67,23 @@ MsgAnswer AnswerOf(int button) {
 
 } // namespace
 
+QWidget* QtDialogs::OwnerWindow() {
+    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    if (QWidget* focus = QApplication::focusWidget()) return focus->window();
+    // Nothing active (no window manager, or the program in the background): the station's
+    // main window, else any window on show.
+    QWidget* shown = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (!w->isVisible() || w->windowType() == Qt::ToolTip || w->windowType() == Qt::Popup) continue;
+        if (qobject_cast<QMainWindow*>(w)) return w;
+        if (!shown) shown = w;
+    }
+    return shown;
+}
+
 QWidget* QtDialogs::Parent() const {
-    return parent_ ? parent_ : QApplication::activeWindow();
+    return parent_ ? parent_ : OwnerWindow();
 }
 
 MsgAnswer QtDialogs::Message(const QString& text, const QString& title, MsgButtons buttons, MsgIcon icon) {

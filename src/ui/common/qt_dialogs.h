@@ -7,7 +7,7 @@ class QWidget;
 
 namespace tarvelle {
 
-// Modal over the given parent, or over the active window when there is none.
+// Modal over the given parent, or, when there is none, over the window that asks (see OwnerWindow).
 class QtDialogs final : public Dialogs {
 public:
     explicit QtDialogs(QWidget* parent = nullptr) : parent_(parent) {}
@@ -21,6 +21,12 @@ public:
 
     // "Observer File|*.obs|Any|*.*" as a Qt name filter.
     static QString QtFilter(const QString& filter);
+
+    // The window a box belongs to when no parent was given: the open modal dialog (it blocks
+    // every other window, so the question comes from it), else the active window, else the
+    // window that holds the keyboard focus, else the main window on show, so that a box never
+    // opens on its own in the middle of the screen.
+    static QWidget* OwnerWindow();
 
 private:
     QWidget* Parent() const;

@@ -24,6 +24,7 @@
 #include "core/numeric.h"
 #include "station/file_messages.h"
 #include "ui/observer/observer_window.h"
+#include "ui/main/readout_cell.h"
 #include "station/readout.h"
 #include "core/text_forms.h"
 #include "station/time_entry.h"
@@ -49,6 +50,7 @@
 #include <QVBoxLayout>
 
 #include <cmath>
+#include <vector>
 
 namespace tarvelle {
 
@@ -314,48 +316,54 @@ QWidget* Form1::BuildReadoutPanel() {
     grid->setHorizontalSpacing(28);
     grid->setVerticalSpacing(3);
 
+    // CML III and Io phase lead, large; then each body's place on the sky (left) and in the
+    // local sky and day (right), values aligned in columns.
+    auto cell = [panel](const char* name, bool headline = false) { return new ReadoutCell(panel, name, headline); };
+    auto* cml = cell("LBlCMIII", true);
+    auto* io = cell("LbLSGC", true);
+    LBlCMIII = cml;
+    LbLSGC = io;
+    grid->addWidget(cml, 1, 0, 1, 2);
+    grid->addWidget(io, 1, 2, 1, 2);
+
     auto* jupiter = new QLabel("Jupiter", panel);
     jupiter->setObjectName("LBLJupiter");
     auto* sun = new QLabel("Sun", panel);
     sun->setObjectName("LBLSun");
-    grid->addWidget(jupiter, 0, 0, 1, 2);
-    grid->addWidget(sun, 0, 2, 1, 2);
+    grid->addWidget(jupiter, 2, 0, 1, 2);
+    grid->addWidget(sun, 2, 2, 1, 2);
 
-    LbLJupRA = ReadoutLabel(panel, "LbLJupRA");
-    LbLJupDec = ReadoutLabel(panel, "LbLJupDec");
-    LBlCMIII = ReadoutLabel(panel, "LBlCMIII");
-    LbLSGC = ReadoutLabel(panel, "LbLSGC");
-    LBLJupAlt = ReadoutLabel(panel, "LBLJupAlt");
-    LBLJupAz = ReadoutLabel(panel, "LBLJupAz");
-    LBLJupHA = ReadoutLabel(panel, "LBLJupHA");
-    LbLJupRise = ReadoutLabel(panel, "LbLJupRise");
-    LbLJupSet = ReadoutLabel(panel, "LbLJupSet");
-    LbLSunRA = ReadoutLabel(panel, "LbLSunRA");
-    LbLSunDec = ReadoutLabel(panel, "LbLSunDec");
-    LBLSunAlt = ReadoutLabel(panel, "LBLSunAlt");
-    LBLSunAz = ReadoutLabel(panel, "LBLSunAz");
-    LBLSunHA = ReadoutLabel(panel, "LBLSunHA");
-    LbLSunRise = ReadoutLabel(panel, "LbLSunRise");
-    LbLSunSet = ReadoutLabel(panel, "LbLSunSet");
-
-    // Two columns a body: place on the sky, then the local sky and the day.
-    const QLabel* jupiterCells[][2] = {{LbLJupRA, LBLJupAlt},
-                                       {LbLJupDec, LBLJupAz},
-                                       {LBlCMIII, LBLJupHA},
-                                       {LbLSGC, LbLJupRise},
-                                       {nullptr, LbLJupSet}};
-    const QLabel* sunCells[][2] = {{LbLSunRA, LBLSunAlt},
-                                   {LbLSunDec, LBLSunAz},
-                                   {nullptr, LBLSunHA},
-                                   {nullptr, LbLSunRise},
-                                   {nullptr, LbLSunSet}};
-    for (int r = 0; r < 5; ++r) {
-        for (int c = 0; c < 2; ++c) {
-            if (jupiterCells[r][c]) grid->addWidget(const_cast<QLabel*>(jupiterCells[r][c]), r + 1, c);
-            if (sunCells[r][c]) grid->addWidget(const_cast<QLabel*>(sunCells[r][c]), r + 1, c + 2);
-        }
+    std::vector<ReadoutCell*> cells;
+    auto place = [&](QLabel*& member, const char* name, int row, int column) {
+        auto* c = cell(name);
+        member = c;
+        cells.push_back(c);
+        grid->addWidget(c, row, column);
+    };
+    const struct {
+        QLabel** jupiterCell;
+        const char* jupiterName;
+        QLabel** sunCell;
+        const char* sunName;
+        int row, column;
+    } places[] = {
+        {&LbLJupRA, "LbLJupRA", &LbLSunRA, "LbLSunRA", 3, 0},       {&LbLJupDec, "LbLJupDec", &LbLSunDec, "LbLSunDec", 4, 0},
+        {&LBLJupHA, "LBLJupHA", &LBLSunHA, "LBLSunHA", 5, 0},       {&LBLJupAlt, "LBLJupAlt", &LBLSunAlt, "LBLSunAlt", 3, 1},
+        {&LBLJupAz, "LBLJupAz", &LBLSunAz, "LBLSunAz", 4, 1},       {&LbLJupRise, "LbLJupRise", &LbLSunRise, "LbLSunRise", 5, 1},
+        {&LbLJupSet, "LbLJupSet", &LbLSunSet, "LbLSunSet", 6, 1},
+    };
+    for (const auto& p : places) {
+        place(*p.jupiterCell, p.jupiterName, p.row, p.column);
+        place(*p.sunCell, p.sunName, p.row, p.column + 2);
     }
-    grid->setRowStretch(6, 1);
+    // The stylesheet gives the cells their font on polish; measure with it.
+    panel->ensurePolished();
+    for (ReadoutCell* c : cells) c->ensurePolished();
+    AlignValues(cells, {"RA:", "DEC:", "HA:", "ALT:", "AZ:", "Rise:", "Set:"});
+    for (int column = 0; column < 4; ++column) grid->setColumnStretch(column, 1);
+    // Spare height above and below, so that an enlarged window keeps the readout together.
+    grid->setRowStretch(0, 1);
+    grid->setRowStretch(7, 1);
     return panel;
 }
 

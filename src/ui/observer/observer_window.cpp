@@ -5,6 +5,7 @@
 #include "formats/observer_record.h"
 #include "formats/places.h"
 #include "core/text_forms.h"
+#include "ui/common/elided_label.h"
 #include "ui/observer/time_zones_window.h"
 
 #include <QCheckBox>
@@ -17,7 +18,10 @@
 #include <QMouseEvent>
 #include <QPixmap>
 #include <QPushButton>
+#include <QStyle>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tarvelle {
 
@@ -29,6 +33,11 @@ QString Q(const std::string& s) { return QString::fromStdString(s); }
 std::string ZoneText(double hours) { return Trim(StrForm(hours)); }
 
 constexpr const char* kObserverFilter = "Observer File|*.obs|Any|*.*";
+
+// The longest text the map's read-out shows, in the widest digits.
+constexpr const char* kWidestMapReadout = "Lat: -00:00:00.0   Lng:000:00:00.0 W";
+// A list no wider than this, whatever a line of the city list holds.
+constexpr int kMostListWidth = 360;
 
 } // namespace
 
@@ -93,14 +102,20 @@ void FormObserver::BuildControls() {
     CmdCancel = button("CmdCancel", "&Cancel");
     CmdCities = button("CmdCities", "Cities");
     CmdTZ = button("CmdTZ", "Time Zone");
-    LBLObFileName = label("LBLObFileName", "Observer file name");
-    LBLLatLng = label("LBLLatLng", "Lat/Lng");
+    // The file name and the map's read-out never widen the window: the map stays under the mouse.
+    LBLObFileName = new ElidedLabel("Observer file name", Qt::ElideMiddle, this);
+    LBLObFileName->setObjectName("LBLObFileName");
+    LBLObFileName->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    LBLLatLng = new ElidedLabel("Lat/Lng", Qt::ElideRight, this);
+    LBLLatLng->setObjectName("LBLLatLng");
+    LBLLatLng->setMinimumWidth(LBLLatLng->fontMetrics().horizontalAdvance(kWidestMapReadout) + 4);
     LBLRegions = label("LBLRegions", "Select Region");
     LBLCities = label("LBLCities", "Select City");
     ListRegions = new QListWidget(this);
     ListRegions->setObjectName("ListRegions");
     ListCities = new QListWidget(this);
     ListCities->setObjectName("ListCities");
+    SizeLists();
     HideLists();
 
     auto* boxes = new QGridLayout;
@@ -138,8 +153,8 @@ void FormObserver::BuildControls() {
     layout->addWidget(Picture1, 0, Qt::AlignHCenter);
     auto* status = new QHBoxLayout;
     status->addWidget(LBLLatLng);
-    status->addStretch(1);
-    status->addWidget(LBLObFileName);
+    status->addSpacing(12);
+    status->addWidget(LBLObFileName, 1);
     layout->addLayout(status);
     layout->addLayout(lower);
 
@@ -327,6 +342,29 @@ void FormObserver::CmdSaveClick() {
     SaveoB();
     if (ChkMakeDefault->isChecked()) st_.settings.save("Startup", "SystemClockTZ", txtSCTZ->text());
     LBLObFileName->setText("Observer File: " + path);
+}
+
+void FormObserver::SizeLists() {
+    // Wide enough for the longest name of the city list, and their room kept while they are
+    // hidden, so that showing them never resizes the window.
+    const QFontMetrics metrics = ListRegions->fontMetrics();
+    int regionWidth = metrics.horizontalAdvance("Select Region");
+    int cityWidth = metrics.horizontalAdvance("<CANCEL>");
+    const std::string path = LatlngPath();
+    for (const std::string& region : ReadRegions(path)) {
+        regionWidth = std::max(regionWidth, metrics.horizontalAdvance(Q(region)));
+        for (const std::string& city : ReadCities(path, region))
+            cityWidth = std::max(cityWidth, metrics.horizontalAdvance(Q(city)));
+    }
+    const int chrome = 2 * ListRegions->frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 12;
+    ListRegions->setFixedWidth(std::min(regionWidth, kMostListWidth) + chrome);
+    ListCities->setFixedWidth(std::min(cityWidth, kMostListWidth) + chrome);
+    for (QWidget* w : {static_cast<QWidget*>(ListRegions), static_cast<QWidget*>(ListCities),
+                       static_cast<QWidget*>(LBLRegions), static_cast<QWidget*>(LBLCities)}) {
+        QSizePolicy policy = w->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        w->setSizePolicy(policy);
+    }
 }
 
 std::string FormObserver::LatlngPath() const { return (st_.programDir + "latlng.txt").toStdString(); }

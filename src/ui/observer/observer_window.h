@@ -63,6 +63,7 @@ private:
     void SetBoxQuietly(QLineEdit* box, const std::string& text);
     void BoxChanged();
     void HideLists();
+    void SizeLists();
     std::string LatlngPath() const;
 
     Station& st_;

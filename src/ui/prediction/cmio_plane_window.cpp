@@ -3,6 +3,7 @@
 #include "core/date_value.h"
 #include "ui/common/image_camera.h"
 #include "core/numeric.h"
+#include "render/outlined_text.h"
 #include "render/picture_store.h"
 #include "prediction/plane_track.h"
 #include "station/help_commands.h"
@@ -21,7 +22,9 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace tarvelle {
 
@@ -225,8 +228,14 @@ void FormCMIoPlane::PlotDay() {
     const DayTables& d = core_.Day;
     s.SetLineWidth(2);
     s.SetPenColour(kWhite);
+    // Hour texts ringed in black read on the white top of the colour ramp as on its dark foot.
+    const std::vector<size_t> labelled = TrackHourRows(core_.UseGMT, core_.ObsTZ);
+    auto hourText = [&](size_t k) {
+        if (std::find(labelled.begin(), labelled.end(), k) == labelled.end()) return;
+        PrintOutlinedText(s, Q(TrackHourText(static_cast<double>(k / 60), core_.UseGMT, core_.ObsTZ)), kWhite, 0);
+    };
     s.DrawPoint(static_cast<float>(PlaneX(d.DayCML[0], PlaneShift)), d.DayIoPhase[0], QBColor(7));
-    s.PrintText(Q(TrackHourText(0, core_.UseGMT, core_.ObsTZ)));
+    hourText(0);
     const double endOfDay = TrackEndOfDay(core_.UseGMT, core_.ObsTZ);
     for (size_t k = 20; k <= 1800; k += 20) {
         s.SetLineWidth(3);
@@ -241,10 +250,7 @@ void FormCMIoPlane::PlotDay() {
             s.DrawLine(x0, d.DayIoPhase[k - 20], x1, d.DayIoPhase[k], colour);
             s.SetLineStyle(LineStyle::Solid);
         }
-        if (k % 60 == 0) {
-            s.SetPenColour(kWhite);
-            s.PrintText(Q(TrackHourText(static_cast<double>(k / 60), core_.UseGMT, core_.ObsTZ)));
-        }
+        if (k % 60 == 0) hourText(k);
     }
     s.Refresh();
     if (running) Timer1->start();
@@ -271,8 +277,8 @@ void FormCMIoPlane::PlotJup() {
         PlotCML = st_.fixed.FixedCML;
         PlotIo = st_.fixed.FixedIoPhase;
     }
-    LBLCML->setText("CML: " + Q(FormatNumberMask(PlotCML, "###.#")));
-    LBLioPhase->setText("Io Phase: " + Q(FormatNumberMask(PlotIo, "###.#")));
+    LBLCML->setText("CML: " + Q(PlaneReadoutText(PlotCML)));
+    LBLioPhase->setText("Io Phase: " + Q(PlaneReadoutText(PlotIo)));
     PlotSurface& s = Pic1->Surface();
     s.SetPixelScale();
     const PlotSurface& sprite = pictures_.PicJup;
@@ -310,8 +316,8 @@ void FormCMIoPlane::StartTimers() {
 }
 
 void FormCMIoPlane::SetProbabilityLabels(float cml, float io) {
-    LBLCML->setText("CML: " + Q(FormatNumberMask(cml, "###.#")));
-    LBLioPhase->setText("Io Phase: " + Q(FormatNumberMask(io, "###.#")));
+    LBLCML->setText("CML: " + Q(PlaneReadoutText(cml)));
+    LBLioPhase->setText("Io Phase: " + Q(PlaneReadoutText(io)));
     LBLProb->setText("Prob: " + Q(StrForm(ProbabilityAt(st_.ProbTable, io, cml))) + "%");
 }
 

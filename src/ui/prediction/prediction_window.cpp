@@ -1,6 +1,7 @@
 #include "ui/prediction/prediction_window.h"
 
 #include "ui/common/plot_widget.h"
+#include "ui/prediction/prediction_chart.h"
 
 #include "core/date_value.h"
 #include "prediction/event_report.h"
@@ -27,6 +28,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTableWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <cmath>
@@ -39,23 +41,12 @@ namespace {
 constexpr int kChartWidth = 720; // two minutes a pixel
 constexpr int kChartHeight = 190;
 constexpr int kSunBarHeight = 14;
+constexpr int kNowLineCheckMs = 10000;
 
 QString Q(const std::string& s) { return QString::fromStdString(s); }
 std::string S(const QLineEdit* box) { return box->text().toStdString(); }
 
-// Jupiter's or the Sun's altitude as a colour: from pale yellow low down to orange high up.
-int AltitudeColour(int altitude) {
-    return RGB(255, static_cast<int>(RoundHalfEven(altitude * 0.6 + 200.0)),
-               static_cast<int>(RoundHalfEven(altitude * 2.8)));
-}
-
 } // namespace
-
-int ModeColour(int mode) {
-    static constexpr int kColours[] = {RGB(255, 255, 0), RGB(255, 0, 255), RGB(255, 0, 0),
-                                       RGB(0, 255, 255), RGB(0, 255, 0),   RGB(255, 128, 0)};
-    return mode >= 1 && mode <= kPredictedModes ? kColours[mode - 1] : 0;
-}
 
 Form3::Form3(Station& station, std::function<void()> stopMainTimer, std::function<void()> onClosed, QWidget* parent)
     : StationWindow(station, parent), stopMainTimer_(std::move(stopMainTimer)),
@@ -125,6 +116,19 @@ void Form3::BuildControls() {
     Picture1->Surface().SetBackColour(RGB(255, 255, 255));
     PicSunAlt = new PlotWidget(kChartWidth, kSunBarHeight, this);
     PicSunAlt->setObjectName("PicSunAlt");
+    // The chart and the Sun's strip grow with the window and are drawn again at each size.
+    Picture1->FollowWindowSize(kChartWidth, kChartHeight, true);
+    PicSunAlt->FollowWindowSize(kChartWidth, kSunBarHeight, false);
+    connect(Picture1, &PlotWidget::resized, this, &Form3::RedrawChart);
+    connect(PicSunAlt, &PlotWidget::resized, this, [this] {
+        DrawSunBar(PicSunAlt->Surface(), chartDay_);
+        PicSunAlt->Surface().Refresh();
+    });
+    // The present minute's line moves on while the window is open.
+    nowTimer_ = new QTimer(this);
+    nowTimer_->setInterval(kNowLineCheckMs);
+    connect(nowTimer_, &QTimer::timeout, this, &Form3::MoveNowLine);
+    nowTimer_->start();
     LBLWait = label("LBLWait", "Calculating Please Wait....");
     LBLTime = label("LBLTime", "GMT: ");
     LBLJupAlt = label("LBLJupAlt", "Jup Alt ");
@@ -149,6 +153,7 @@ void Form3::BuildControls() {
     Grid1->setSelectionMode(QAbstractItemView::SingleSelection);
     Grid1->horizontalHeader()->setMinimumSectionSize(64);
     Grid1->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    Grid1->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred); // the chart takes the height
 
     txtJupAltMin = field("txtJupAltMin", 48);
     txtSunAltMax = field("txtSunAltMax", 48);
@@ -180,7 +185,9 @@ void Form3::BuildControls() {
     chart->addWidget(PicSunAlt, 2, 1);
     chart->addWidget(label(nullptr, "Blue background indicates Jupiter is below the horizon."), 3, 1);
     chart->addWidget(LBLWait, 3, 1, Qt::AlignRight);
-    chart->setColumnStretch(2, 1);
+    chart->setColumnStretch(1, 1);
+    chart->setRowStretch(0, 1);
+    chart->setRowStretch(1, 1);
 
     auto* legend = new QHBoxLayout;
     for (QLabel* l : LBLMode) legend->addWidget(l);
@@ -210,9 +217,9 @@ void Form3::BuildControls() {
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(LblPrintTitle);
     layout->addLayout(dateRow);
-    layout->addLayout(chart);
+    layout->addLayout(chart, 1);
     layout->addLayout(legend);
-    layout->addWidget(Grid1, 1);
+    layout->addWidget(Grid1);
     layout->addLayout(limits);
     layout->addLayout(commands);
 
@@ -282,35 +289,31 @@ void Form3::DoPredictions() {
     DrawChart();
     ShowGrid();
     HourBar();
+    NowLine();
     Picture1->Surface().Refresh();
     LBLWait->hide();
 }
 
 void Form3::DrawChart() {
+    chartDay_ = ChartDayOf(st_.minutes, st_.activity.ModeActivity);
+    DrawChartBody(Picture1->Surface(), chartDay_);
+}
+
+void Form3::NowLine() {
+    nowSecond_ = NowLineSecond(PredictDate, core_.GMTFromClock(st_.clock.LocalNow()));
+    if (nowSecond_) DrawNowLine(Picture1->Surface(), *nowSecond_);
+}
+
+void Form3::RedrawChart() {
     PlotSurface& s = Picture1->Surface();
-    const MinuteTables& t = st_.minutes;
-    s.SetScale(0, 1, 1440, 0);
-    for (int m = 1; m <= kMinutesPerDay; ++m) {
-        const int alt = t.MinuteJupAlt[static_cast<size_t>(m)];
-        s.FillBox(static_cast<float>(m - 1), 1, static_cast<float>(m), 0, alt < 0 ? RGB(0, 0, 255) : AltitudeColour(alt));
-    }
-    s.SetScale(0, 0, 86400, 9.5f);
-    for (int i = 1; i <= 72; ++i) {
-        const auto x = static_cast<float>(1200 * i); // every 20 minutes
-        s.DrawLine(x, 1, x, 8, QBColor(7));
-    }
-    for (int i = 1; i <= 23; ++i) {
-        const auto x = static_cast<float>(3600 * i); // every hour
-        s.DrawLine(x, 1, x, 8, QBColor(4));
-    }
-    const ActivityTable& a = st_.activity.ModeActivity;
-    for (int m = 1; m <= kMinutesPerDay; ++m) {
-        for (int i = 1; i <= kPredictedModes; ++i) {
-            if (a[static_cast<size_t>(i)][static_cast<size_t>(m)] == 0) continue;
-            s.FillBox(60.0f * static_cast<float>(m + 1), static_cast<float>(i) + 0.5f, 60.0f * static_cast<float>(m + 2),
-                      static_cast<float>(i + 2), ModeColour(i));
-        }
-    }
+    DrawChartBody(s, chartDay_);
+    DrawHourBands(s, core_.ObsTZ);
+    NowLine();
+    s.Refresh();
+}
+
+void Form3::MoveNowLine() {
+    if (NowLineSecond(PredictDate, core_.GMTFromClock(st_.clock.LocalNow())) != nowSecond_) RedrawChart();
 }
 
 void Form3::ShowGrid() {
@@ -337,32 +340,13 @@ void Form3::ShowGrid() {
 }
 
 void Form3::HourBar() {
-    PlotSurface& s = Picture1->Surface();
-    s.FillBox(0, 0, 86400, 1.5f, QBColor(2));
-    s.FillBox(0, 8, 86400, 9.5f, QBColor(8));
-    s.SetPenColour(0);
-    s.SetFontSize(10);
-    auto centred = [&s](const QString& text, float x, float top) {
-        s.SetCurrentPoint(x - s.TextWidth(text) / 2, top);
-        s.PrintText(text);
-    };
-    for (int h = 1; h <= 23; ++h) {
-        centred(QString::number(h), 3600.0f * static_cast<float>(h), 0.05f);
-        double t = h + core_.ObsTZ;
-        if (t < 0) t += 24;
-        if (t > 23) t -= 24;
-        centred(Q(Trim(StrForm(t))), 3600.0f * static_cast<float>(h), 8.05f);
-    }
+    DrawHourBands(Picture1->Surface(), core_.ObsTZ);
     SunAltBar();
 }
 
 void Form3::SunAltBar() {
     PlotSurface& s = PicSunAlt->Surface();
-    s.SetScale(0, 1, 1440, 0);
-    for (int m = 1; m <= kMinutesPerDay; ++m) {
-        const int alt = st_.minutes.MinuteSunAlt[static_cast<size_t>(m)];
-        s.FillBox(static_cast<float>(m - 1), 1, static_cast<float>(m), 0, alt < 0 ? RGB(0, 0, 0) : AltitudeColour(alt));
-    }
+    DrawSunBar(s, chartDay_);
     s.Refresh();
     txtSunAltMax->setText(st_.settings.get("Settings", "ReportSunAltMax", "0").trimmed());
     txtJupAltMin->setText(st_.settings.get("Settings", "ReportJupAltMin", "0").trimmed());
@@ -516,6 +500,7 @@ void Form3::CmdReportClick() {
         DrawChart();
         ShowGrid();
         HourBar();
+        NowLine();
         Picture1->Surface().Refresh();
         LBLWait->hide();
     };

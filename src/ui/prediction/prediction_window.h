@@ -7,6 +7,7 @@
 #pragma once
 
 #include "prediction/prediction.h"
+#include "ui/prediction/prediction_chart.h"
 #include "ui/prediction/report_options_window.h"
 #include "station/station.h"
 #include "ui/common/station_window.h"
@@ -14,6 +15,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 class QLabel;
 class QLineEdit;
@@ -21,6 +23,7 @@ class QAction;
 class QMenu;
 class QPushButton;
 class QTableWidget;
+class QTimer;
 
 namespace tarvelle {
 
@@ -52,6 +55,8 @@ public:
     double PredictDate = 0.0;
     bool ReportInProgress() const { return reportInProgress_; }
     const PredictionGrid& Grid() const { return grid_; }
+    // The second of the day where the present minute's line stands, if it is drawn.
+    std::optional<double> NowSecond() const { return nowSecond_; }
     const ReportOptions& Report() const { return choices_; }
 
     QLineEdit *txtYear = nullptr, *txtMonth = nullptr, *txtDay = nullptr;
@@ -84,6 +89,11 @@ private:
     void ShowDateInFields(double t);
     void ShowGrid();
     void DrawChart();
+    // The present minute's line, when the date shown is today's GMT date.
+    void NowLine();
+    // The chart again from the day kept when it was predicted: a new size, a new minute.
+    void RedrawChart();
+    void MoveNowLine();
     // The right button on an event's time offers to add it to the planner.
     ReportExclusions Exclusions() const;
     QString ReportPath();
@@ -91,12 +101,12 @@ private:
     std::function<void()> stopMainTimer_, onClosed_;
 
     PredictionGrid grid_;
+    ChartDay chartDay_;
+    std::optional<double> nowSecond_;
+    QTimer* nowTimer_ = nullptr;
     ReportOptions choices_;
     bool reportInProgress_ = false;
     bool reportCancelled_ = false;
 };
-
-// The colours of the legend and of each mode's bars, modes 1 to 6.
-int ModeColour(int mode);
 
 } // namespace tarvelle
