@@ -99,6 +99,7 @@ TEST_F(ServerWindowsTest, TheChartsRightButtonShowsTheViewsAtThatMoment) {
     EXPECT_EQ(form->txtH->text(), "06");
     QWidget* plane = Form1::TaggedWindow("cmio");
     ASSERT_NE(plane, nullptr) << "the plane was opened";
+    for (const char* tag : {"altaz", "skymap"}) EXPECT_NE(Form1::TaggedWindow(tag), nullptr) << tag;
 
     // An open plane is brought along, not opened twice.
     form->ShowForThisTime(DateSerial(2017, 9, 23), false);

@@ -165,7 +165,7 @@ TEST_F(SkyEntriesTest, TheMainWindowOpensTheSkyViewsAndTheirTicksFollowThem) {
     auto* map = form.findChild<FormSkyMap*>();
     ASSERT_NE(map, nullptr);
     EXPECT_TRUE(map->isVisible());
-    EXPECT_EQ(map->property("Tag").toString(), "skymap");
+    EXPECT_EQ(map->property("tag").toString(), "skymap");
     EXPECT_TRUE(item->isChecked());
     EXPECT_TRUE(entry->isEnabled());
     form.findChild<QAction*>("MnuAltAzDisplay")->trigger();

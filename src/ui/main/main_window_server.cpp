@@ -6,6 +6,8 @@
 #include "server/jis_server.h"
 #include "ui/log/observer_log_window.h"
 #include "ui/prediction/cmio_plane_window.h"
+#include "ui/sky/alt_az_window.h"
+#include "ui/sky/sky_map_window.h"
 #include "ui/server/server_options_window.h"
 
 #include <QAction>
@@ -94,10 +96,25 @@ QWidget* Form1::TaggedWindow(const char* tag) {
 // the sky map. A view joins with its tag, its refresh and how it opens.
 std::vector<Form1::TimedView> Form1::ViewsForThisTime() {
     return {
+        {"altaz", [](QWidget* w) { static_cast<FormAltAz*>(w)->UpdateAltAz(); },
+         [this] {
+             MnuAltAzDisplayClick();
+             if (auto* altAz = static_cast<FormAltAz*>(TaggedWindow("altaz"))) altAz->UpdateAltAz();
+         }},
         {"cmio", [](QWidget* w) { static_cast<FormCMIoPlane*>(w)->UpdateCMIoPlane(); },
          [this] {
              MnuCMIOPlaneMapClick();
              if (auto* plane = static_cast<FormCMIoPlane*>(TaggedWindow("cmio"))) plane->UpdateCMIoPlane();
+         }},
+        {"skymap",
+         [](QWidget* w) {
+             auto* map = static_cast<FormSkyMap*>(w);
+             map->GetPointer();
+             map->UpdateSkymap();
+         },
+         [this] {
+             MnuSkyMapClick();
+             if (auto* map = static_cast<FormSkyMap*>(TaggedWindow("skymap"))) map->UpdateSkymap();
          }},
     };
 }

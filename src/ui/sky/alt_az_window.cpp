@@ -38,7 +38,7 @@ QString HourText(int i, bool useGMT, double obsTZ) {
 FormAltAz::FormAltAz(Station& station, Form8& pictures, std::function<void()> onClosed, QWidget* parent)
     : StationWindow(station, parent), pictures_(pictures), onClosed_(std::move(onClosed)) {
     setObjectName("FormAltAz");
-    setProperty("Tag", "altaz");
+    setProperty("tag", "altaz"); // found by ShowForThisTime
     setWindowTitle("Jupiter Altitude vs Azimuth Display");
     BuildControls();
     JupBlock.onPlot = false;

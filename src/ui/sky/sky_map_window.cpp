@@ -42,7 +42,7 @@ bool On(const QCheckBox* box) { return box->isChecked(); }
 FormSkyMap::FormSkyMap(Station& station, const Form8& pictures, std::function<void()> onClosed, QWidget* parent)
     : StationWindow(station, parent), pictures_(pictures), onClosed_(std::move(onClosed)) {
     setObjectName("FormSkyMap");
-    setProperty("Tag", "skymap");
+    setProperty("tag", "skymap"); // found by ShowForThisTime
     setWindowTitle("SkyMap");
     BuildControls();
     resize(kMargin + kStartSide + kColumnGap + kColumnWidth + kMargin, kStartSide + kBelow);
