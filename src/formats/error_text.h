@@ -10,6 +10,7 @@ namespace tarvelle {
 // The error numbers the readers and writers return.
 enum ErrorNumber : int {
     kOverflow = 6,
+    kOutOfMemory = 7,
     kTypeMismatch = 13,
     kFileNotFound = 53,
     kDeviceIO = 57,

@@ -1,10 +1,12 @@
 #include "formats/mode_file.h"
 
 #include "formats/error_text.h"
+#include "formats/file_io.h"
 
 #include "core/numeric.h"
 #include "core/text_forms.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cerrno>
 #include <cstdlib>
@@ -35,6 +37,7 @@ public:
     // The next field, or nothing when the file has ended.
     std::optional<std::string> Next() {
         if (AtEnd()) return std::nullopt;
+        fieldLine_ = line_;
         const size_t start = pos_;
         while (pos_ < text_.size() && text_[pos_] != ',' && text_[pos_] != '\r' && text_[pos_] != '\n')
             ++pos_;
@@ -42,13 +45,19 @@ public:
         if (pos_ < text_.size()) {
             const char end = text_[pos_++];
             if (end == '\r' && pos_ < text_.size() && text_[pos_] == '\n') ++pos_;
+            if (end != ',') ++line_;
         }
         return field;
     }
 
+    // The line, from 1, of the field Next gave last; and of the end of the text.
+    int FieldLine() const { return fieldLine_; }
+    int Line() const { return line_; }
+
 private:
     const std::string& text_;
     size_t pos_ = 0;
+    int line_ = 1, fieldLine_ = 1;
 };
 
 // A number field: blanks around it are ignored and an empty field is 0. A decimal fraction is
@@ -86,38 +95,28 @@ int NumberOfField(const std::string& field, int16_t& value) {
     return 0;
 }
 
-// The whole file, or the error number of the failure.
-int ReadWholeFile(const std::string& path, std::string& text) {
-    namespace fs = std::filesystem;
-    std::error_code ec;
-    const fs::path p(path);
-    if (!fs::exists(p, ec)) {
-        const bool folderMissing = p.has_parent_path() && !fs::exists(p.parent_path(), ec);
-        return folderMissing ? kPathNotFound : kFileNotFound;
-    }
-    if (fs::is_directory(p, ec)) return kPathFileAccess;
-    std::ifstream in(p, std::ios::binary);
-    if (!in) return kPathFileAccess;
-    std::ostringstream buffer;
-    buffer << in.rdbuf();
-    if (in.bad()) return kDeviceIO;
-    text = buffer.str();
-    return 0;
-}
-
 // Records into the table as far as they go; 0 or the error number.
-int ReadRecords(const std::string& text, ModeTableState& modes) {
+int ReadRecords(const std::string& text, ModeTableState& modes, int& failedLine) {
     FieldReader reader(text);
     modes.NumModes = kMaxModes;
     for (int i = 1; i <= kMaxModes; ++i) {
         std::optional<std::string> name = reader.Next();
-        if (!name) return kPastEndOfFile;
+        if (!name) {
+            failedLine = reader.Line();
+            return kPastEndOfFile;
+        }
         modes.ModeName[i] = std::move(*name);
         for (int column = CML1; column <= IoP2; ++column) {
             const std::optional<std::string> field = reader.Next();
-            if (!field) return kPastEndOfFile;
+            if (!field) {
+                failedLine = reader.Line();
+                return kPastEndOfFile;
+            }
             const int error = NumberOfField(*field, modes.ModeTable[i][column]);
-            if (error != 0) return error;
+            if (error != 0) {
+                failedLine = reader.FieldLine();
+                return error;
+            }
         }
         // Only the end of the file ends the count, so records with empty names still count.
         if (reader.AtEnd()) {
@@ -128,50 +127,31 @@ int ReadRecords(const std::string& text, ModeTableState& modes) {
     return 0;
 }
 
-FileFailure FailureOfErrno(int error, bool opening) {
-    switch (error) {
-    case ENOENT:
-    case ENOTDIR:
-        return {kPathNotFound, "Path not found"};
-    case ENOSPC:
-        return {kDiskFull, "Disk full"};
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case EISDIR:
-        return {kPathFileAccess, "Path/File access error"};
-    default:
-        return opening ? FileFailure{kPathFileAccess, "Path/File access error"}
-                       : FileFailure{kDeviceIO, "Device I/O error"};
-    }
-}
-
-FileFailure WriteWholeFile(const std::string& path, const std::string& text) {
-    errno = 0;
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    if (!out) return FailureOfErrno(errno, true);
-    out.write(text.data(), static_cast<std::streamsize>(text.size()));
-    out.flush();
-    if (!out) return FailureOfErrno(errno, false);
-    out.close();
-    if (!out) return FailureOfErrno(errno, false);
-    return {};
-}
-
 } // namespace
 
-int ReadModeFile(ModeTableState& modes) {
-    for (int i = 1; i <= kMaxModes; ++i) modes.ModeName[i].clear();
+int ReadModeFile(ModeTableState& modes, int* failedLine) {
     std::string text;
-    int error = ReadWholeFile(modes.ModeFileName, text);
-    if (error == 0) error = ReadRecords(text, modes);
-    if (error == 0) modes.ModesLoaded = true;
-    return error;
+    if (const int error = ReadSmallFile(modes.ModeFileName, kMaxStationFileBytes, text); error != 0) return error;
+    // The file is read into a copy: a file that fails leaves the table the station had whole.
+    ModeTableState read = modes;
+    for (int i = 1; i <= kMaxModes; ++i) read.ModeName[i].clear();
+    int line = 0;
+    if (const int error = ReadRecords(text, read, line); error != 0) {
+        if (failedLine) *failedLine = line;
+        return error;
+    }
+    // Rows a shorter file leaves unfilled are cleared, so that no nameless mode lingers.
+    for (int i = read.NumModes + 1; i <= kMaxModes; ++i) read.ModeTable[i] = {};
+    read.ModesLoaded = true;
+    modes = read;
+    return 0;
 }
 
 std::string ModeFileText(const ModeTableState& modes) {
     std::string text;
-    for (int i = 1; i <= kWrittenModes; ++i) {
+    // Six records at least, as the station always wrote; every mode beyond the sixth as well.
+    const int records = modes.NumModes > kWrittenModes ? std::min<int>(modes.NumModes, kMaxModes) : kWrittenModes;
+    for (int i = 1; i <= records; ++i) {
         text += modes.ModeName[i];
         text += kLineEnd;
         for (int column = CML1; column <= IoP2; ++column) {
@@ -183,7 +163,7 @@ std::string ModeFileText(const ModeTableState& modes) {
 }
 
 FileFailure WriteModeFile(const ModeTableState& modes, const std::string& path) {
-    return WriteWholeFile(path, ModeFileText(modes));
+    return WriteFileAtomically(path, ModeFileText(modes));
 }
 
 ModeEditRows ModeEditRowsOf(const ModeTableState& modes) {

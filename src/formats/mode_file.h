@@ -17,6 +17,8 @@
 // (ui/prediction) call the rest.
 #pragma once
 
+#include "formats/file_io.h"
+
 #include <array>
 #include <cstdint>
 #include <string>
@@ -40,22 +42,16 @@ struct ModeTableState {
     int PredictedModes() const { return NumModes < kPredictedModes ? NumModes : kPredictedModes; }
 };
 
-// Reads ModeFileName into the table and returns 0, or the error number of the failure. The
-// names are cleared first, the rows are not; NumModes is the count of records read, at most 10
-// (the rest of the file is ignored). Failures: 53 no such file, 76 no such folder, 75 no access,
-// 57 a read fault, 62 the file ends inside a record, 13 a field that is not a number, 6 a number
-// beyond 16 bits; ModesLoaded then stays as it was, the records read before the failure stay,
-// and NumModes stays 10 once the file was open. ModesLoaded is set on success.
-int ReadModeFile(ModeTableState& modes);
+// Reads ModeFileName into the table and returns 0, or the error number of the failure.
+// NumModes is the count of records read, at most 10 (the rest of the file is ignored); rows past
+// it are cleared; ModesLoaded is set. Failures: 53 no such file, 76 no such folder, 75 no access
+// or not a regular file, 7 a file over 1 MB, 57 a read fault, 62 the file ends inside a record,
+// 13 a field that is not a number, 6 a number beyond 16 bits. A failure leaves the table as it
+// was, and failedLine (when given) names the line of the faulty field.
+int ReadModeFile(ModeTableState& modes, int* failedLine = nullptr);
 
-// A failed write: the error number and the system's words for it.
-struct FileFailure {
-    int number = 0;
-    std::string description;
-};
-
-// Writes exactly six records to path, whatever NumModes is, replacing the file; number 0 when
-// it was written.
+// Writes six records to path, or NumModes records when there are more, replacing the file in one
+// step; number 0 when it was written.
 FileFailure WriteModeFile(const ModeTableState& modes, const std::string& path);
 
 // The file's bytes as WriteModeFile writes them.

@@ -1,6 +1,7 @@
 #include "formats/observer_record.h"
 
 #include "formats/error_text.h"
+#include "formats/file_io.h"
 
 #include "core/numeric.h"
 #include "core/text_forms.h"
@@ -176,22 +177,11 @@ std::string FormatLongitudeText(double x) {
 }
 
 std::optional<ObserverFileContents> ReadObserverFile(const std::string& path, int& errorNumber) {
-    namespace fs = std::filesystem;
-    std::error_code ec;
-    const fs::path p(path);
-    if (!fs::exists(p, ec)) {
-        errorNumber = (p.has_parent_path() && !fs::exists(p.parent_path(), ec)) ? kPathNotFound : kFileNotFound;
-        return std::nullopt;
-    }
-    std::ifstream in(p, std::ios::binary);
-    if (!in || fs::is_directory(p, ec)) {
-        errorNumber = kPathFileAccess;
-        return std::nullopt;
-    }
-    std::stringstream buffer;
-    buffer << in.rdbuf();
-    const std::string all = buffer.str();
-    size_t pos = 0;
+    std::string all;
+    errorNumber = ReadSmallFile(path, kMaxStationFileBytes, all);
+    if (errorNumber != 0) return std::nullopt;
+    // A UTF-8 byte-order mark, as some editors write, is no part of the latitude.
+    size_t pos = all.rfind("\xEF\xBB\xBF", 0) == 0 ? 3 : 0;
     ObserverFileContents contents;
     for (std::string* item : {&contents.latitudeText, &contents.longitudeText, &contents.timeZoneText}) {
         if (!ReadItem(all, pos, *item)) {
@@ -204,18 +194,24 @@ std::optional<ObserverFileContents> ReadObserverFile(const std::string& path, in
 }
 
 bool WriteObserverFile(const std::string& path, const ObserverFileContents& contents, std::string& failure) {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    if (!out) {
-        failure = "Path/File access error: " + path + " (" + std::strerror(errno) + ")";
-        return false;
+    std::string bytes;
+    for (const std::string* item : {&contents.latitudeText, &contents.longitudeText, &contents.timeZoneText}) {
+        if (!IsFileText(*item, kMaxObserverItem)) {
+            failure = "The text \"" + item->substr(0, 40) + "\" cannot go into an observer file: it is too long "
+                      "or holds control characters or quotes.";
+            return false;
+        }
+        bytes += '"' + *item + "\"\r\n";
     }
-    for (const std::string* item : {&contents.latitudeText, &contents.longitudeText, &contents.timeZoneText})
-        out << '"' << *item << "\"\r\n";
-    out.flush();
-    if (!out) {
-        failure = "Device I/O error: " + path;
-        return false;
-    }
+    const FileFailure written = WriteFileAtomically(path, bytes);
+    if (written.number != 0) failure = written.description + ": " + path;
+    return written.number == 0;
+}
+
+bool IsFileText(const std::string& text, size_t maxBytes) {
+    if (text.size() > maxBytes) return false;
+    for (const char c : text)
+        if (static_cast<unsigned char>(c) < 32 || c == 127 || c == '"') return false;
     return true;
 }
 

@@ -36,12 +36,19 @@ struct ObserverFileContents {
     std::string latitudeText, longitudeText, timeZoneText;
 };
 
-// Three items separated by commas or line ends, quotes optional. On failure, errorNumber
-// is set (53 file not found, 62 input past end of file, 75 access error, 76 path not found).
+// Three items separated by commas or line ends, quotes optional, after a UTF-8 byte-order mark
+// if there is one. On failure, errorNumber is set (53 file not found, 62 input past end of file,
+// 75 access error or not a regular file, 7 over 1 MB, 76 path not found).
 std::optional<ObserverFileContents> ReadObserverFile(const std::string& path, int& errorNumber);
 
-// Writes the three quoted lines, each ended by CR LF, replacing the file. False with a
-// description of the failure when it cannot be written.
+// Whether a text can stand in a station file as one quoted item: no control bytes, no quote,
+// at most maxBytes long.
+bool IsFileText(const std::string& text, size_t maxBytes);
+inline constexpr size_t kMaxObserverItem = 200;
+
+// Writes the three quoted lines, each ended by CR LF, replacing the file in one step. False
+// with a description of the failure when it cannot be written (nor an item that IsFileText
+// refuses).
 bool WriteObserverFile(const std::string& path, const ObserverFileContents& contents, std::string& failure);
 
 // The values typed into the observer window, checked as applying them requires.

@@ -16,6 +16,22 @@ bool LoadObserverFile(Core& core, Dialogs& dialogs) {
                         "FILE ERROR!", MsgButtons::OK, MsgIcon::Exclamation);
         return false;
     }
+    // Lines that are not numbers in the observer file's forms are refused, naming the line.
+    const std::string* lines[] = {&contents->latitudeText, &contents->longitudeText, &contents->timeZoneText};
+    for (int i = 0; i < 3; ++i) {
+        if (IsObserverNumberForm(*lines[i], i < 2)) continue;
+        dialogs.Message("Line " + QString::number(i + 1) + " of " + QString::fromStdString(core.ObFileName) +
+                            ", \"" + QString::fromStdString(lines[i]->substr(0, 40)) +
+                            "\", is not a number in the form of an observer file.",
+                        "FILE ERROR!", MsgButtons::OK, MsgIcon::Exclamation);
+        return false;
+    }
+    const double zone = ValueOfText(contents->timeZoneText);
+    if (zone < -24.0 || zone > 24.0) {
+        dialogs.Message(QString(kTimeZoneErrorText) + "\n(" + QString::fromStdString(core.ObFileName) + ", line 3)",
+                        "FILE ERROR!", MsgButtons::OK, MsgIcon::Exclamation);
+        return false;
+    }
     std::string latText = contents->latitudeText, lngText = contents->longitudeText;
     const double latitude = ParseLatitude(latText);
     const double longitude = ParseLongitude(lngText);
@@ -47,10 +63,12 @@ QString Q(const std::string& s) {
 } // namespace
 
 void LoadModeFile(ModeTableState& modes, int& status, Dialogs& dialogs) {
-    const int error = ReadModeFile(modes);
+    int line = 0;
+    const int error = ReadModeFile(modes, &line);
     if (error == 0) return;
+    const QString where = line > 0 ? QString(kLineEnd) + "Line " + QString::number(line) + "." : QString();
     dialogs.Message("Error " + QString::number(error) + " Occurred Loading " + Q(modes.ModeFileName) + "." +
-                        kLineEnd + Q(ErrorText(error)),
+                        kLineEnd + Q(ErrorText(error)) + where,
                     "FILE ERROR!", MsgButtons::OK, MsgIcon::Exclamation);
     status = error;
 }

@@ -10,9 +10,10 @@ namespace tarvelle {
 
 namespace {
 
-// Rise and set in the zone shown: GMT as they stand, local moved by ObsTZ into 0..24.
+// Rise and set in the zone shown: GMT as they stand, local moved by ObsTZ into 0..24. A body
+// that does not cross the horizon (-1) shows the same "none" value in either zone.
 double ShownRiseSet(const Core& core, double hours) {
-    if (core.UseGMT) return hours;
+    if (core.UseGMT || hours == -1.0) return hours;
     double h = hours + core.ObsTZ;
     if (h < 0.0) h += 24.0;
     if (h > 24.0) h -= 24.0;

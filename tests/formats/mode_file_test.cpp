@@ -7,6 +7,8 @@
 
 #include <QTemporaryDir>
 
+#include <sys/stat.h>
+
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -57,8 +59,8 @@ ModeEditRows RowsOf(std::initializer_list<ModeRowTexts> rows) {
 
 } // namespace
 
-TEST_F(ModeFileTest, FourRecordsLoadAsFourAndSaveAsSixWithTheRowsLastNumbers) {
-    // Rows beyond the file keep what they held: the loader clears names, not rows.
+TEST_F(ModeFileTest, FourRecordsLoadAsFourClearTheRestAndSaveAsSix) {
+    // Rows beyond the file are cleared: no stale numbers under an empty name.
     modes.ModeTable[5] = {0, 11, 12, 13, 14};
     modes.ModeTable[6] = {0, -1, 2, 3, 4};
     modes.ModeName[6] = "stale";
@@ -76,7 +78,7 @@ TEST_F(ModeFileTest, FourRecordsLoadAsFourAndSaveAsSixWithTheRowsLastNumbers) {
     const std::string saved = PathOf("saved.jmf");
     SaveModeFile(modes, saved, status, dialogs);
     EXPECT_EQ(status, 0);
-    EXPECT_EQ(Read(saved), four + Record("", 11, 12, 13, 14) + Record("", -1, 2, 3, 4));
+    EXPECT_EQ(Read(saved), four + Record("", 0, 0, 0, 0) + Record("", 0, 0, 0, 0));
 
     // Empty names still count: only the end of the file ends the count.
     modes.ModeFileName = saved;
@@ -84,7 +86,13 @@ TEST_F(ModeFileTest, FourRecordsLoadAsFourAndSaveAsSixWithTheRowsLastNumbers) {
     EXPECT_EQ(status, 0);
     EXPECT_EQ(modes.NumModes, 6);
     EXPECT_EQ(modes.ModeName[5], "");
-    EXPECT_EQ(modes.ModeTable[6][CML1], -1);
+
+    // More than six modes are all written, and all read back.
+    std::string eight;
+    for (int i = 1; i <= 8; ++i) eight += Record("M" + std::to_string(i), i, i + 1, i + 2, i + 3);
+    ASSERT_EQ(Load(eight), -1);
+    SaveModeFile(modes, saved, status, dialogs);
+    EXPECT_EQ(Read(saved), eight);
 }
 
 TEST_F(ModeFileTest, OnlyTheFirstTenRecordsAreReadAndWithoutAMessage) {
@@ -119,9 +127,9 @@ TEST_F(ModeFileTest, FieldsEndAtCommasAndLineEndsWithBlanksIgnored) {
     EXPECT_EQ(modes.ModeTable[1][IoP2], 100);
 }
 
-TEST_F(ModeFileTest, AFileEndingInsideARecordFailsWithTheReadRecordsInPlace) {
-    modes.ModeName[3] = "stale";
-    modes.ModeTable[2][IoP2] = 77;
+TEST_F(ModeFileTest, AFailedLoadSaysWhereAndLeavesTheTableWhole) {
+    ASSERT_EQ(Load(Record("Old", 1, 2, 3, 4)), -1);
+    const ModeTableState before = modes;
     const int status = Load(Record("Io-A", 200, 270, 195, 265) + "Io-B\r\n 105 \r\n 185 \r\n 75 \r\n");
     EXPECT_EQ(status, 62);
     ASSERT_EQ(dialogs.messages.size(), 1u);
@@ -129,14 +137,13 @@ TEST_F(ModeFileTest, AFileEndingInsideARecordFailsWithTheReadRecordsInPlace) {
     EXPECT_EQ(dialogs.messages[0].icon, MsgIcon::Exclamation);
     EXPECT_EQ(dialogs.messages[0].text, "Error 62 Occurred Loading " +
                                             QString::fromStdString(modes.ModeFileName) +
-                                            ".\r\nInput Past End of File");
-    EXPECT_FALSE(modes.ModesLoaded);
-    EXPECT_EQ(modes.NumModes, 10);
-    EXPECT_EQ(modes.ModeName[1], "Io-A");
-    EXPECT_EQ(modes.ModeName[2], "Io-B");
-    EXPECT_EQ(modes.ModeTable[2][IoP1], 75);
-    EXPECT_EQ(modes.ModeTable[2][IoP2], 77);
-    EXPECT_EQ(modes.ModeName[3], "");
+                                            ".\r\nInput Past End of File\r\nLine 10.");
+    EXPECT_EQ(modes.NumModes, before.NumModes);
+    EXPECT_EQ(modes.ModeName, before.ModeName);
+    EXPECT_EQ(modes.ModeTable, before.ModeTable);
+    // A bad number names its own line.
+    EXPECT_EQ(Load("word\r\n 200 \r\n two \r\n 0 \r\n 0 \r\n"), 13);
+    EXPECT_TRUE(dialogs.messages.back().text.endsWith("\r\nLine 3."));
 
     // The end-of-file test comes right after the fifth field: a blank line after the last record
     // opens a record with no numbers.
@@ -151,7 +158,7 @@ TEST_F(ModeFileTest, AFileEndingInsideARecordFailsWithTheReadRecordsInPlace) {
 
 TEST_F(ModeFileTest, BadNumbersAndMissingFilesFailWithTheirNumbers) {
     EXPECT_EQ(Load(Record("big", 200, 32768, 0, 0)), 6);
-    EXPECT_TRUE(dialogs.messages.back().text.endsWith(".\r\nOverFlow"));
+    EXPECT_TRUE(dialogs.messages.back().text.contains(".\r\nOverFlow"));
     EXPECT_EQ(Load(Record("small", -32769, 0, 0, 0)), 6);
     EXPECT_EQ(Load("word\r\n 200 \r\n two \r\n 0 \r\n 0 \r\n"), 13);
     EXPECT_EQ(Load("word\r\n 200 \r\n 20x \r\n 0 \r\n 0 \r\n"), 13);
@@ -167,7 +174,7 @@ TEST_F(ModeFileTest, BadNumbersAndMissingFilesFailWithTheirNumbers) {
                                                 QString::fromStdString(modes.ModeFileName) +
                                                 ".\r\nFile Not Found");
     EXPECT_EQ(modes.NumModes, 3); // the file never opened
-    EXPECT_EQ(modes.ModeName[1], "");
+    EXPECT_EQ(modes.ModeName[1], "kept?");
     EXPECT_FALSE(modes.ModesLoaded);
 
     modes.ModeFileName = PathOf("no-such-folder/modes.jmf");
@@ -176,6 +183,17 @@ TEST_F(ModeFileTest, BadNumbersAndMissingFilesFailWithTheirNumbers) {
     modes.ModeFileName = dir.path().toStdString();
     LoadModeFile(modes, status, dialogs);
     EXPECT_EQ(status, 75);
+    // A FIFO is refused at once rather than read (which would wait for a writer), and a file
+    // far larger than any mode file is refused too.
+    const std::string fifo = PathOf("fifo.jmf");
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    modes.ModeFileName = fifo;
+    LoadModeFile(modes, status, dialogs);
+    EXPECT_EQ(status, 75);
+    modes.ModeFileName = PathOf("huge.jmf");
+    std::ofstream(modes.ModeFileName) << std::string(2 << 20, ' ');
+    LoadModeFile(modes, status, dialogs);
+    EXPECT_EQ(status, 7);
 }
 
 TEST_F(ModeFileTest, AFailedSaveNamesTheModeFileAndSetsStatusOne) {
@@ -186,7 +204,7 @@ TEST_F(ModeFileTest, AFailedSaveNamesTheModeFileAndSetsStatusOne) {
     ASSERT_EQ(dialogs.messages.size(), 1u);
     EXPECT_EQ(dialogs.messages[0].title, "FILE ERROR!");
     EXPECT_EQ(dialogs.messages[0].icon, MsgIcon::Exclamation);
-    EXPECT_EQ(dialogs.messages[0].text, "Error 76 Occurred Saving /data/current.jmf.\r\nPath not found");
+    EXPECT_TRUE(dialogs.messages[0].text.startsWith("Error 76 Occurred Saving /data/current.jmf.\r\nPath not found"));
 
     status = 0;
     SaveModeFile(modes, dir.path().toStdString(), status, dialogs); // a folder

@@ -131,4 +131,33 @@ TEST(LoadObserverFile, SetsTheCoreOrSaysWhyNot) {
               "Error 53\n Occurred Loading " + QString::fromStdString(core.ObFileName));
     EXPECT_EQ(dialogs.messages[0].icon, MsgIcon::Exclamation);
     EXPECT_EQ(core.ObsTZ, 10.0); // the values are kept
+
+    // A byte-order mark is skipped; what is not an observer record is refused, naming the line,
+    // and leaves the observer as it was.
+    const struct {
+        const char* content;
+        const char* said; // empty when it loads
+    } cases[] = {
+        {"\xEF\xBB\xBF\"39:15:00.0\"\r\n\"76:30:00.0\"\r\n\"-5\"\r\n", ""},
+        {"abc\r\n10\r\n0\r\n", "Line 1 of "},
+        {"10\r\n1e309\r\n0\r\n", "Line 2 of "},
+        {"10\r\n20\r\n99\r\n", "invalid value for Time Zone"},
+        {"95:00:00\r\n20\r\n0\r\n", "The latitude \"95:00:00\""},
+    };
+    for (const auto& c : cases) {
+        Core before;
+        before.ObFileName = WriteFile(dir, "case.obs", c.content);
+        Core loaded = before;
+        dialogs.messages.clear();
+        const bool ok = LoadObserverFile(loaded, dialogs);
+        EXPECT_EQ(ok, *c.said == 0) << c.content;
+        if (ok) {
+            EXPECT_EQ(loaded.ObsLatitude, 39.25f);
+            continue;
+        }
+        ASSERT_EQ(dialogs.messages.size(), 1u) << c.content;
+        EXPECT_TRUE(dialogs.messages[0].text.contains(c.said)) << dialogs.messages[0].text.toStdString();
+        EXPECT_EQ(loaded.ObsLatitude, before.ObsLatitude);
+        EXPECT_EQ(loaded.ObLatText, before.ObLatText);
+    }
 }

@@ -93,7 +93,7 @@ TEST(InfoTexts, RiseAndSetInLocalTimeWrap) {
     InfoTexts i = BuildInfoTexts(c, FixedSnapshot{});
     EXPECT_EQ(i.LbLSunRise, "Rise: 22:00");
     EXPECT_EQ(i.LbLSunSet, "Set: 17:30");
-    EXPECT_EQ(i.LbLJupRise, "Rise: 18:00"); // -1 moved like any other time
+    EXPECT_EQ(i.LbLJupRise, "Rise: -01:00"); // "none" is not a time to move into the zone
     c.ObsTZ = 5.5;
     i = BuildInfoTexts(c, FixedSnapshot{});
     EXPECT_EQ(i.LbLSunSet, "Set: 04:00");

@@ -219,3 +219,36 @@ TEST_F(FormObserverTest, DetectingTheZoneFillsBothBoxes) {
     EXPECT_EQ(form->TxtTZ->text(), "5.5");
     EXPECT_EQ(form->txtSCTZ->text(), "5.5");
 }
+
+TEST_F(FormObserverTest, LoadThenCancelLeavesTheObserverAsItWas) {
+    Write("far.obs", "\"-33:52:00\"\r\n\"-151:12:00\"\r\n\"10\"\r\n");
+    const Core before = core();
+    dialogs.paths = {programDir + "far.obs"};
+    form->CmdLoad->click();
+    EXPECT_NE(core().ObsTZ, before.ObsTZ); // loaded into the boxes and the core
+    form->CmdCancel->click();
+    EXPECT_EQ(core().ObFileName, before.ObFileName);
+    EXPECT_EQ(core().ObsLatitude, before.ObsLatitude);
+    EXPECT_EQ(core().ObsLongitude, before.ObsLongitude);
+    EXPECT_EQ(core().ObsTZ, before.ObsTZ);
+    EXPECT_EQ(core().ClockOffset, before.ClockOffset);
+
+    // A file that does not load is not remembered.
+    Write("bad.obs", "abc\r\n1\r\n0\r\n");
+    dialogs.paths = {programDir + "bad.obs"};
+    form->CmdLoad->click();
+    EXPECT_EQ(core().ObFileName, before.ObFileName);
+}
+
+TEST_F(FormObserverTest, ApplyThenOKAsksOnceAndSaveAddsTheExtension) {
+    form->Txtlat->setText("40:00:00");
+    ASSERT_TRUE(Apply());
+    const size_t asked = dialogs.messages.size();
+    form->CmdOK->click();
+    EXPECT_EQ(dialogs.messages.size(), asked) << "OK after Apply asked again";
+
+    dialogs.paths = {programDir + "home"};
+    form->CmdSave->click();
+    EXPECT_TRUE(QFile::exists(programDir + "home.obs"));
+    EXPECT_EQ(QString::fromStdString(core().ObFileName), programDir + "home.obs");
+}

@@ -579,6 +579,7 @@ void Form1::ConnectCommands() {
         about.exec();
     });
     ConnectTablesWindows();
+    connect(&st_.model, &StationModel::observerChanged, this, &Form1::ObserverChanged);
 }
 
 double Form1::ComputerDate() const { return std::floor(st_.clock.LocalNow()); }
@@ -628,6 +629,9 @@ void Form1::SwitchToFixedTime() {
     if (!firstFix_) {
         NewTime();
         core_.BuildDayTables(core_.CurrentUT);
+        // The tables leave the live values at their last minute: the readout is of the instant.
+        core_.UpdateSiderealTime();
+        core_.UpdatePositions();
     }
     st_.fixed.FixedUT = core_.CurrentUT;
     SetFixedTime();
@@ -700,6 +704,19 @@ void Form1::mnuDateFormatClick() {
     FormDateFormat dialog(core_.DateFormatChoice, st_.settings, this);
     dialog.exec();
     ArrangeDateBoxes();
+}
+
+// A new observer: the readout shows the new place at once, in fixed time as in real time.
+void Form1::ObserverChanged() {
+    FillObLabel();
+    if (!core_.RealTimeMode) {
+        core_.CurrentUT = st_.fixed.FixedUT;
+        core_.UpdateSiderealTime();
+        core_.UpdatePositions();
+        SetFixedTime();
+    }
+    DisplayTimes();
+    DisplayInfo();
 }
 
 void Form1::mnuObserverClick() {

@@ -139,6 +139,7 @@ private:
     void LoadProbTable();
     void LoadPictureStore();
     void LoadModeFile();
+    void ObserverChanged();
     void LoadAutomationParameters();
     void AutomationMonitor();
 

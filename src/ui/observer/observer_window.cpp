@@ -45,6 +45,7 @@ FormObserver::FormObserver(Station& station, QWidget* parent)
     : QDialog(parent), st_(station), core_(station.core) {
     setObjectName("FormObserver");
     setWindowTitle("Observer Parameters");
+    kept_ = KeepObserver(core_);
     BuildControls();
     // Load: the values at opening, as the boxes will show them.
     openLatText_ = FormatLatitudeText(core_.ObsLatitude);
@@ -285,6 +286,31 @@ void FormObserver::UpdateValues(bool& done) {
     st_.model.ObserverChanged();
     st_.model.CloseViews();
     ShowValues();
+    // What the boxes now show is the applied record: OK after Apply has nothing to ask.
+    openLatText_ = Txtlat->text().toStdString();
+    openLngText_ = TxtLng->text().toStdString();
+    kept_ = KeepObserver(core_);
+}
+
+FormObserver::ObserverFields FormObserver::KeepObserver(const Core& c) {
+    return {c.ObFileName,  c.ObLatText,     c.ObLngText,    c.DisplayWest,  c.ObsTZ,
+            c.SystemClockTZ, c.ClockOffset, c.ObsLatitude, c.ObsLongitude, c.UseDetectedTZ};
+}
+
+void FormObserver::reject() {
+    // Cancel leaves the observer as the window found it (or as last applied), whatever was loaded.
+    const ObserverFields& k = kept_;
+    core_.ObFileName = k.ObFileName;
+    core_.ObLatText = k.ObLatText;
+    core_.ObLngText = k.ObLngText;
+    core_.DisplayWest = k.DisplayWest;
+    core_.ObsTZ = k.ObsTZ;
+    core_.SystemClockTZ = k.SystemClockTZ;
+    core_.ClockOffset = k.ClockOffset;
+    core_.ObsLatitude = k.ObsLatitude;
+    core_.ObsLongitude = k.ObsLongitude;
+    core_.UseDetectedTZ = k.UseDetectedTZ;
+    QDialog::reject();
 }
 
 void FormObserver::SaveAsDefault() {
@@ -294,25 +320,26 @@ void FormObserver::SaveAsDefault() {
     st_.settings.save("Startup", "UseDetectedTZ", core_.UseDetectedTZ ? "True" : "False");
 }
 
-void FormObserver::SaveoB() {
+bool FormObserver::SaveoB() {
     std::string latText = Txtlat->text().toStdString(), lngText = TxtLng->text().toStdString();
     // A record with a refused place is never written.
     if (ParseLatitude(latText) == kRejected) {
         st_.dialogs.Message(Q(LatitudeRefusal(latText)), "Save Error", MsgButtons::OK, MsgIcon::Exclamation);
-        return;
+        return false;
     }
     double longitude = ParseLongitude(lngText);
     if (longitude == kRejected) {
         st_.dialogs.Message(Q(LongitudeRefusal(lngText)), "Save Error", MsgButtons::OK, MsgIcon::Exclamation);
-        return;
+        return false;
     }
     if (core_.DisplayWest == "E") longitude = 360.0 - longitude;
     const ObserverFileContents contents{Txtlat->text().toStdString(), FormatLongitudeText(longitude),
                                         TxtTZ->text().toStdString()};
     std::string failure;
-    if (!WriteObserverFile(core_.ObFileName, contents, failure))
-        st_.dialogs.Message("An error occured while trying to save the observer file.\n" + Q(failure), "Save Error",
-                            MsgButtons::OK, MsgIcon::Exclamation);
+    if (WriteObserverFile(core_.ObFileName, contents, failure)) return true;
+    st_.dialogs.Message("An error occured while trying to save the observer file.\n" + Q(failure), "Save Error",
+                        MsgButtons::OK, MsgIcon::Exclamation);
+    return false;
 }
 
 void FormObserver::cmdEWClick() {
@@ -326,8 +353,13 @@ void FormObserver::CmdLoadClick() {
     const QString start = QFileInfo(Q(core_.ObFileName)).absolutePath();
     const QString path = st_.dialogs.OpenFile("Load Observer File", kObserverFilter, start);
     if (path.isEmpty()) return;
+    // The file is remembered only once it has loaded.
+    const std::string previous = core_.ObFileName;
     core_.ObFileName = path.toStdString();
-    LoadObserverFile(core_, st_.dialogs);
+    if (!LoadObserverFile(core_, st_.dialogs)) {
+        core_.ObFileName = previous;
+        return;
+    }
     ShowValues();
     edited_ = true; // so that applying asks for the loaded record
 }
@@ -336,10 +368,15 @@ void FormObserver::CmdSaveClick() {
     bool done = false;
     UpdateValues(done);
     const QString start = QFileInfo(Q(core_.ObFileName)).absolutePath();
-    const QString path = st_.dialogs.SaveFile("Save Observer File", kObserverFilter, start);
+    QString path = st_.dialogs.SaveFile("Save Observer File", kObserverFilter, start);
     if (path.isEmpty()) return;
+    if (QFileInfo(path).suffix().isEmpty()) path += ".obs";
+    const std::string previous = core_.ObFileName;
     core_.ObFileName = path.toStdString();
-    SaveoB();
+    if (!SaveoB()) {
+        core_.ObFileName = previous;
+        return;
+    }
     if (ChkMakeDefault->isChecked()) st_.settings.save("Startup", "SystemClockTZ", txtSCTZ->text());
     LBLObFileName->setText("Observer File: " + path);
 }

@@ -29,7 +29,9 @@ public:
     // Validates and applies the boxes; done is false when a value was refused.
     void UpdateValues(bool& done);
     void ShowValues();
-    void SaveoB();
+    // Writes the boxes to ObFileName; false (and said) when refused or not written.
+    bool SaveoB();
+    void reject() override;
     void SaveAsDefault();
     void DisplayLongitude();
 
@@ -70,6 +72,15 @@ private:
     Core& core_;
 
     // The values shown when the window opened.
+    // The observer as the window found it or last applied it, for Cancel.
+    struct ObserverFields {
+        std::string ObFileName, ObLatText, ObLngText, DisplayWest;
+        double ObsTZ, SystemClockTZ, ClockOffset;
+        float ObsLatitude, ObsLongitude;
+        bool UseDetectedTZ;
+    };
+    static ObserverFields KeepObserver(const Core& c);
+    ObserverFields kept_;
     std::string openLatText_, openLngText_;
     double openObsTZ_ = 0.0, openSystemClockTZ_ = 0.0;
     bool openUseDetectedTZ_ = true;
