@@ -9,6 +9,7 @@
 #include "station/clock_source.h"
 #include "core/date_value.h"
 #include "prediction/event_report.h"
+#include "formats/file_io.h"
 #include "formats/mode_file.h"
 #include "core/numeric.h"
 #include "formats/observer_record.h"
@@ -27,6 +28,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <sstream>
 #include <stdexcept>
 
 namespace tarvelle {
@@ -135,21 +137,22 @@ ReportExclusions Exclusions(const Options& options) {
 
 // The prediction window's grid after a prediction of the date, and with --tables the day's
 // minute tables and ModeActivity.
-int Predict(const Options& options, std::ostream& out) {
+int Predict(const Options& options, std::ostream& out, std::ostream& err) {
     RequireOnly(options, {"date", "modes", "jup-alt-min", "sun-alt-max", "min-ha", "max-ha", "tables",
                           "observer", "lat", "lng", "tz"});
+    const ReportExclusions exclusions = Exclusions(options); // options are checked before any file is read
     Core core;
     LoadObserver(core, options);
     const double date = RequireInstant(options, "date", false);
     if (FieldsOf(date).year < 1900) throw UsageError("Dates Prior to 1900 are not permitted.");
     ModeTableState modes;
-    LoadModes(modes, options);
+    LoadModes(modes, options, err);
 
     MinuteTables tables;
     const auto activity = std::make_unique<ActivityTable>();
     PredictionGrid grid;
     core.CurrentUT = date;
-    PredictDay(core, modes, Exclusions(options), tables, *activity, grid, date);
+    PredictDay(core, modes, exclusions, tables, *activity, grid, date);
 
     for (int r = 0; r < grid.Rows; ++r) {
         for (int c = 0; c < kGridColumns; ++c) out << (c > 0 ? "\t" : "") << grid.Text(r, c);
@@ -170,10 +173,11 @@ int Predict(const Options& options, std::ostream& out) {
 }
 
 // The event report file, as the prediction window writes it for the same choices.
-int Report(const Options& options) {
+int Report(const Options& options, std::ostream& err) {
     RequireOnly(options, {"from", "to", "out", "modes", "min-duration", "no-header", "io-only", "no-none",
                           "hour-angle", "date-format", "jup-alt-min", "sun-alt-max", "min-ha", "max-ha",
                           "observer", "lat", "lng", "tz"});
+    const ReportExclusions exclusions = Exclusions(options); // options are checked before any file is read
     Core core;
     LoadObserver(core, options);
     ReportOptions report;
@@ -203,14 +207,15 @@ int Report(const Options& options) {
     report.sunAltMaxText = TextOption(options, "sun-alt-max", "0");
     report.versionText = kVersionText;
     ModeTableState modes;
-    LoadModes(modes, options);
+    LoadModes(modes, options, err);
 
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    if (!file) throw UsageError("There was an error trying to save " + path);
+    // The file is replaced only once the whole report is in hand.
+    std::ostringstream text;
     core.CurrentUT = report.ReportStart;
-    WriteEventReport(core, modes, report, Exclusions(options), file);
-    file.close();
-    if (!file) throw UsageError("There was an error trying to save " + path);
+    WriteEventReport(core, modes, report, exclusions, text);
+    const FileFailure failure = WriteFileAtomically(path, text.str());
+    if (failure.number != 0)
+        throw UsageError("There was an error trying to save " + path + ": " + failure.description);
     return 0;
 }
 
@@ -261,13 +266,13 @@ std::vector<CliCommand> StationCommands() {
         {"daytables", "daytables --date YYYY-MM-DD [observer]", {}, Ignoring(DayTablesCommand)},
         {"readout", "readout [--ut \"YYYY-MM-DD HH:MM:SS\"] [observer]", {}, Ignoring(Readout)},
         {"predict", "predict --date YYYY-MM-DD [--modes FILE] [exclusions] [--tables] [observer]", {"tables"},
-         Ignoring(Predict)},
+         Predict},
         {"report",
          "report --from YYYY-MM-DD --to YYYY-MM-DD --out FILE [--modes FILE]\n"
          "    [--min-duration N] [--no-header] [--io-only] [--no-none] [--hour-angle]\n"
          "    [--date-format 0|1|2] [exclusions] [observer]",
          {"no-header", "io-only", "no-none", "hour-angle"},
-         [](const Options& o, std::ostream&, std::ostream&) { return Report(o); }},
+         [](const Options& o, std::ostream&, std::ostream& err) { return Report(o, err); }},
         {"probability", "probability --io DEGREES --cml DEGREES | --dump", {"dump"}, Ignoring(Probability)},
     };
 }

@@ -31,7 +31,7 @@ std::deque<int32_t> PortInValues(const Options& options) {
     return values;
 }
 
-int RunScriptCommand(const Options& options, std::ostream& out, std::ostream&) {
+int RunScriptCommand(const Options& options, std::ostream& out, std::ostream& err) {
     RequireOnly(options, {"file", "at", "modes", "observer", "lat", "lng", "tz", "port-in", "dry"});
     if (!options.count("file")) throw UsageError("run-script needs a script FILE");
     const bool dry = options.count("dry") != 0;
@@ -49,7 +49,7 @@ int RunScriptCommand(const Options& options, std::ostream& out, std::ostream&) {
     Station station(settings, clock, dialogs, desktop, programDir);
     Core& core = station.core;
     LoadObserver(core, options);
-    LoadModes(station.modes, options);
+    LoadModes(station.modes, options, err);
     if (dry) {
         simulated.local = options.count("at") ? RequireInstant(options, "at", true) : system.LocalNow();
         simulated.biasHours = -core.ObsTZ; // the computer's zone is the observer's

@@ -2,6 +2,7 @@
 
 #include "core/date_value.h"
 #include "core/text_forms.h"
+#include "formats/error_text.h"
 #include "formats/observer_record.h"
 #include "platform/program_directory.h"
 
@@ -132,6 +133,10 @@ std::string TextOption(const Options& options, const char* key, const char* fall
 
 std::string NumberText(const Options& options, const char* key, const char* fallback) {
     const std::string text = TextOption(options, key, fallback);
+    for (const char c : text)
+        if (static_cast<unsigned char>(c) < 32 && c != '\t')
+            throw UsageError(std::string("--") + key + " holds control characters");
+    if (text.size() > 64) throw UsageError(std::string("--") + key + " is longer than any number");
     size_t i = 0;
     while (i < text.size() && (text[i] == ' ' || text[i] == '\t')) ++i;
     if (i < text.size() && (text[i] == '-' || text[i] == '+')) ++i;
@@ -146,7 +151,7 @@ std::string NumberText(const Options& options, const char* key, const char* fall
     return text;
 }
 
-void LoadModes(ModeTableState& modes, const Options& options) {
+void LoadModes(ModeTableState& modes, const Options& options, std::ostream& notes) {
     std::string path;
     if (options.count("modes")) {
         path = options.at("modes");
@@ -155,9 +160,19 @@ void LoadModes(ModeTableState& modes, const Options& options) {
         if (!FileExists(path)) path = (BundledDataDirectory() + "/UFMODES.JMF").toStdString();
     }
     modes.ModeFileName = path;
-    const int status = ReadModeFile(modes);
+    int line = 0;
+    const int status = ReadModeFile(modes, &line);
     if (status != 0 || !modes.ModesLoaded)
-        throw UsageError("cannot read mode file " + path + " (error " + std::to_string(status) + ")");
+        throw UsageError("cannot read mode file " + path + " (error " + std::to_string(status) + ": " +
+                         ErrorText(status) + (line > 0 ? ", line " + std::to_string(line) : std::string()) + ")");
+    // Only six modes are predicted: say which are left out rather than drop them silently.
+    if (modes.NumModes > kPredictedModes) {
+        notes << "tarvelle-cli: " << path << " holds " << modes.NumModes
+              << " modes; only the first six are predicted, leaving out";
+        for (int i = kPredictedModes + 1; i <= modes.NumModes; ++i)
+            notes << (i > kPredictedModes + 1 ? ", " : " ") << '"' << modes.ModeName[static_cast<size_t>(i)] << '"';
+        notes << '\n';
+    }
 }
 
 } // namespace tarvelle

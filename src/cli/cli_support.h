@@ -55,7 +55,8 @@ std::string NumberText(const Options& options, const char* key, const char* fall
 void LoadObserver(Core& core, const Options& options);
 
 // The mode file named by --modes, else UFMODES.JMF of the program directory, else the bundled one.
-void LoadModes(ModeTableState& modes, const Options& options);
+// A file of more than six modes is told of on notes, naming the modes left out.
+void LoadModes(ModeTableState& modes, const Options& options, std::ostream& notes);
 
 // The instant of a required option: "YYYY-MM-DD" (withTime false) or "YYYY-MM-DD HH:MM:SS".
 double RequireInstant(const Options& options, const char* key, bool withTime);

@@ -10,6 +10,14 @@ namespace tarvelle {
 
 namespace {
 
+// A typed text as a report line may hold it: no control bytes, and no more than a field's worth.
+std::string Printable(const std::string& text) {
+    std::string out;
+    for (const char c : text.substr(0, 64))
+        if (static_cast<unsigned char>(c) >= 32 && c != 127) out += c;
+    return out;
+}
+
 constexpr const char* kCrLf = "\r\n";
 constexpr size_t kCellWidth = 10;
 constexpr size_t kIoOnlyWidth = 30; // the heading of one begin/end pair
@@ -37,10 +45,10 @@ std::string ReportHeaderText(Core& core, const ReportOptions& o) {
     std::string text;
     text += Line(std::string("JUPITER EVENT PREDICTIONS") + kCrLf);
     text += Line("Report Period  (GMT) " + start + "  to  " + end + "    ( " + heading + " )");
-    text += Line("Reference Coordinates:  Longitude " + core.ObLngText + " " + core.DisplayWest +
-                 "     Latitude " + core.ObLatText);
-    text += Line("Exclude times when Jupiter is below " + o.jupAltMinText + " deg.");
-    text += Line("Exclude times when Sun is above " + o.sunAltMaxText + " deg.");
+    text += Line("Reference Coordinates:  Longitude " + Printable(core.ObLngText) + " " + core.DisplayWest +
+                 "     Latitude " + Printable(core.ObLatText));
+    text += Line("Exclude times when Jupiter is below " + Printable(o.jupAltMinText) + " deg.");
+    text += Line("Exclude times when Sun is above " + Printable(o.sunAltMaxText) + " deg.");
     text += Line("Include only events that last at least " + StrForm(o.ReportMinDuration) + " minutes.");
     text += Line("Tarvelle Software Version " + o.versionText + kCrLf);
     return text;

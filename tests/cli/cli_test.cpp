@@ -353,3 +353,36 @@ TEST(CliReadout, AgreesWithPositionsInEitherOptionForm) {
     EXPECT_EQ(RunArgs({"readout", "--ut=2024-03-05"}).status, 2);
     EXPECT_EQ(RunArgs({"readout", "--tables=1"}).status, 2);
 }
+
+// Bad input gets a clear answer naming the option, never a hang or a silent 0.
+TEST(CliRefusals, NamesTheOptionInBothForms) {
+    const struct {
+        std::vector<std::string> args;
+        const char* named;
+    } cases[] = {
+        {{"positions", "--ut=2024-03-05 12:00:00", "--lat=abc", "--lng=10"}, "--lat"},
+        {{"positions", "--ut", "2024-03-05 12:00:00", "--lat", "10", "--lng", "1e12"}, "--lng"},
+        {{"positions", "--ut=2024-03-05 12:00:00", "--lat=10", "--lng=10", "--tz=nan"}, "--tz"},
+        {{"positions", "--ut=100000000-01-01 00:00:00", "--lat=10", "--lng=10"}, "--ut"},
+        {{"predict", "--date=2024-03-05", "--lat=10", "--lng=10", "--jup-alt-min="}, "--jup-alt-min"},
+        {{"predict", "--date=2024-03-05", "--lat=10", "--lng=10", "--sun-alt-max", "1e309"}, "--sun-alt-max"},
+        {{"predict", "--date=2024-03-05", "--lat=10", "--lng=10", "--min-ha=\x01" "5"}, "--min-ha"},
+        {{"predict", "--date=2024-03-05", "--lat=10", "--lng=10", "--max-ha=" + std::string(100000, '9')}, "--max-ha"},
+    };
+    for (const auto& c : cases) {
+        const Result r = RunArgs(c.args);
+        EXPECT_EQ(r.status, 2) << c.named;
+        EXPECT_NE(r.err.find(c.named), std::string::npos) << r.err;
+    }
+}
+
+TEST(CliModes, MoreThanSixModesAreNamedOnStandardError) {
+    QTemporaryDir dir;
+    const std::string path = dir.filePath("eight.jmf").toStdString();
+    std::ofstream file(path, std::ios::binary);
+    for (int i = 1; i <= 8; ++i) file << 'M' << i << "\r\n " << i << " \r\n 2 \r\n 3 \r\n 4 \r\n";
+    file.close();
+    const Result r = RunArgs({"predict", "--date=2024-03-05", "--lat=10", "--lng=10", "--modes", path});
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_NE(r.err.find("leaving out \"M7\", \"M8\""), std::string::npos) << r.err;
+}
