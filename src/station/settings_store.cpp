@@ -1,5 +1,6 @@
 #include "station/settings_store.h"
 
+#include <QFileInfo>
 #include <QSettings>
 
 namespace tarvelle {
@@ -35,7 +36,13 @@ QString SettingsStore::StoredPath(const QString& section, const QString& key) co
 QString SettingsStore::get(const QString& section, const QString& key, const QString& defaultValue) const {
     const QString path = StoredPath(section, key);
     if (path.isEmpty()) return defaultValue;
-    return settings_->value(path).toString();
+    QString value = settings_->value(path).toString();
+    if (value.size() > kMaxValueLength) {
+        const QString name = section + "/" + key;
+        if (!refused_.contains(name)) refused_ << name;
+        return defaultValue;
+    }
+    return value;
 }
 
 void SettingsStore::save(const QString& section, const QString& key, const QString& value) {
@@ -48,6 +55,15 @@ void SettingsStore::save(const QString& section, const QString& key, const QStri
     }
     settings_->setValue(path, value);
     settings_->sync();
+}
+
+bool SettingsStore::Writable() const {
+    settings_->sync();
+    if (settings_->status() != QSettings::NoError) return false;
+    const QFileInfo file(settings_->fileName());
+    if (file.exists()) return file.isFile() && file.isWritable();
+    const QFileInfo folder(file.absolutePath());
+    return !folder.exists() || (folder.isDir() && folder.isWritable());
 }
 
 QString SettingsStore::fileName() const {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -25,10 +26,18 @@ public:
 
     QString fileName() const;
 
+    // Values refused as read (absurdly long), once each, for the user to be told.
+    const QStringList& Refused() const { return refused_; }
+    // Whether saved values reach the disk; false when the file or its folder cannot be written.
+    bool Writable() const;
+
+    static constexpr qsizetype kMaxValueLength = 4096; // no setting comes near
+
 private:
     // The stored spelling of a section and key that match without regard to case.
     QString StoredPath(const QString& section, const QString& key) const;
     std::unique_ptr<QSettings> settings_;
+    mutable QStringList refused_;
 };
 
 } // namespace tarvelle

@@ -407,6 +407,12 @@ void Form1::Load() {
     st_.VersionText = versionText_;
     core_.DateFormatChoice = static_cast<int>(
         RoundHalfEven(PlainNumber(st_.settings.get("Settings", "DFormat", "0").toStdString())));
+    // Settings are checked as read: a value out of its range goes back to its default.
+    QStringList reset;
+    if (core_.DateFormatChoice < 0 || core_.DateFormatChoice > 2) {
+        core_.DateFormatChoice = 0;
+        reset << "Settings/DFormat";
+    }
 
     st_.modes.ModeFileName =
         st_.settings.get("Startup", "ModeFileName", st_.programDir + "UFMODES.JMF").toStdString();
@@ -426,6 +432,10 @@ void Form1::Load() {
     const std::string obsTZText = Trim(StrForm(core_.ObsTZ));
     core_.SystemClockTZ =
         PlainNumber(st_.settings.get("Startup", "SystemClockTZ", Q(obsTZText)).toStdString());
+    if (!(core_.SystemClockTZ >= -24.0 && core_.SystemClockTZ <= 24.0)) {
+        core_.SystemClockTZ = core_.ObsTZ;
+        reset << "Startup/SystemClockTZ";
+    }
     if (core_.UseDetectedTZ) core_.SystemClockTZ = core_.DetectedTZ;
     core_.UpdateClockOffset();
     st_.ReadClock();
@@ -444,6 +454,18 @@ void Form1::Load() {
     FillObLabel();
     titleText_ =
         TitleWithVersion(titleText_, kVersionMajor, kVersionMinor, kVersionPatch);
+    TellOfSettings(reset + st_.settings.Refused());
+}
+
+// Told once at start: settings that were out of range or absurd, and a store that keeps nothing.
+void Form1::TellOfSettings(const QStringList& reset) {
+    QString text;
+    if (!reset.isEmpty())
+        text += "These settings were out of range and are back to their defaults: " + reset.join(", ") + ".\n";
+    if (!st_.settings.Writable())
+        text += "The settings file " + st_.settings.fileName() +
+                " cannot be written: changes made in this session will not be kept.\n";
+    if (!text.isEmpty()) st_.dialogs.Message(text.trimmed(), "Settings", MsgButtons::OK, MsgIcon::Exclamation);
 }
 
 void Form1::Timer1Tick() {

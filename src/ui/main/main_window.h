@@ -140,6 +140,7 @@ private:
     void LoadPictureStore();
     void LoadModeFile();
     void ObserverChanged();
+    void TellOfSettings(const QStringList& reset);
     void LoadAutomationParameters();
     void AutomationMonitor();
 
