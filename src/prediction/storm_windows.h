@@ -25,6 +25,8 @@ struct StormEvent {
     double day = 0.0;  // the whole-day date value, GMT
     int begin = 0;     // minutes after 00:00 GMT, as the grid's begin text reads
     int end = 0;       // the same for the end text (23:59 for an event that runs to midnight)
+
+    bool operator==(const StormEvent&) const = default;
 };
 
 // The grid's begin/end pairs, mode by mode, pair by pair.
