@@ -15,6 +15,7 @@
 #include "formats/observer_record.h"
 #include "prediction/prediction.h"
 #include "prediction/prob_table.h"
+#include "prediction/storm_windows.h"
 #include "platform/program_directory.h"
 #include "platform/system_clock.h"
 #include "station/readout.h"
@@ -130,6 +131,14 @@ int Readout(const Options& options, std::ostream& out) {
     return 0;
 }
 
+// The --format choice: the default or the one other form a command offers.
+std::string FormatOption(const Options& options, const char* standard, const char* other) {
+    const std::string choice = TextOption(options, "format", standard);
+    if (choice != standard && choice != other)
+        throw UsageError("--format '" + choice + "' is not " + standard + " or " + other);
+    return choice;
+}
+
 ReportExclusions Exclusions(const Options& options) {
     return ExclusionsFromTexts(NumberText(options, "jup-alt-min", "0"), NumberText(options, "sun-alt-max", "0"),
                                NumberText(options, "min-ha", "-6"), NumberText(options, "max-ha", "6"));
@@ -139,8 +148,10 @@ ReportExclusions Exclusions(const Options& options) {
 // minute tables and ModeActivity.
 int Predict(const Options& options, std::ostream& out, std::ostream& err) {
     RequireOnly(options, {"date", "modes", "jup-alt-min", "sun-alt-max", "min-ha", "max-ha", "tables",
-                          "observer", "lat", "lng", "tz"});
+                          "format", "observer", "lat", "lng", "tz"});
     const ReportExclusions exclusions = Exclusions(options); // options are checked before any file is read
+    const bool json = FormatOption(options, "grid", "json") == "json";
+    if (json && options.count("tables")) throw UsageError("--tables goes with the grid only");
     Core core;
     LoadObserver(core, options);
     const double date = RequireInstant(options, "date", false);
@@ -153,6 +164,10 @@ int Predict(const Options& options, std::ostream& out, std::ostream& err) {
     PredictionGrid grid;
     core.CurrentUT = date;
     PredictDay(core, modes, exclusions, tables, *activity, grid, date);
+    if (json) {
+        out << PredictionJson(core, date, exclusions, GridEvents(grid, date));
+        return 0;
+    }
 
     for (int r = 0; r < grid.Rows; ++r) {
         for (int c = 0; c < kGridColumns; ++c) out << (c > 0 ? "\t" : "") << grid.Text(r, c);
@@ -175,7 +190,7 @@ int Predict(const Options& options, std::ostream& out, std::ostream& err) {
 // The event report file, as the prediction window writes it for the same choices.
 int Report(const Options& options, std::ostream& err) {
     RequireOnly(options, {"from", "to", "out", "modes", "min-duration", "no-header", "io-only", "no-none",
-                          "hour-angle", "date-format", "jup-alt-min", "sun-alt-max", "min-ha", "max-ha",
+                          "hour-angle", "date-format", "format", "jup-alt-min", "sun-alt-max", "min-ha", "max-ha",
                           "observer", "lat", "lng", "tz"});
     const ReportExclusions exclusions = Exclusions(options); // options are checked before any file is read
     Core core;
@@ -210,10 +225,17 @@ int Report(const Options& options, std::ostream& err) {
     LoadModes(modes, options, err);
 
     // The file is replaced only once the whole report is in hand.
-    std::ostringstream text;
+    const bool calendar = FormatOption(options, "text", "ics") == "ics";
+    std::ostringstream bytes;
     core.CurrentUT = report.ReportStart;
-    WriteEventReport(core, modes, report, exclusions, text);
-    const FileFailure failure = WriteFileAtomically(path, text.str());
+    if (calendar) {
+        const SystemClock clock;
+        const double stamp = clock.LocalNow() + clock.ClockTimeZoneBias() / 24.0;
+        WriteCalendarReport(core, modes, report, exclusions, stamp, bytes);
+    } else {
+        WriteEventReport(core, modes, report, exclusions, bytes);
+    }
+    const FileFailure failure = WriteFileAtomically(path, bytes.str());
     if (failure.number != 0)
         throw UsageError("There was an error trying to save " + path + ": " + failure.description);
     return 0;
@@ -265,12 +287,13 @@ std::vector<CliCommand> StationCommands() {
         {"positions", "positions --ut \"YYYY-MM-DD HH:MM:SS\" [observer]", {}, Ignoring(Positions)},
         {"daytables", "daytables --date YYYY-MM-DD [observer]", {}, Ignoring(DayTablesCommand)},
         {"readout", "readout [--ut \"YYYY-MM-DD HH:MM:SS\"] [observer]", {}, Ignoring(Readout)},
-        {"predict", "predict --date YYYY-MM-DD [--modes FILE] [exclusions] [--tables] [observer]", {"tables"},
+        {"predict", "predict --date YYYY-MM-DD [--modes FILE] [exclusions] [--tables | --format json]\n"
+         "    [observer]", {"tables"},
          Predict},
         {"report",
          "report --from YYYY-MM-DD --to YYYY-MM-DD --out FILE [--modes FILE]\n"
          "    [--min-duration N] [--no-header] [--io-only] [--no-none] [--hour-angle]\n"
-         "    [--date-format 0|1|2] [exclusions] [observer]",
+         "    [--date-format 0|1|2] [--format text|ics] [exclusions] [observer]",
          {"no-header", "io-only", "no-none", "hour-angle"},
          [](const Options& o, std::ostream&, std::ostream& err) { return Report(o, err); }},
         {"probability", "probability --io DEGREES --cml DEGREES | --dump", {"dump"}, Ignoring(Probability)},

@@ -144,13 +144,12 @@ std::string DefaultReportFileName(double reportStart) {
     return FormatDateMask(reportStart, "yyyymmdd") + "JP.TXT";
 }
 
-ReportOutcome WriteEventReport(Core& core, const ModeTableState& modes, const ReportOptions& options,
-                               const ReportExclusions& exclusions, std::ostream& out,
-                               const ReportHooks& hooks, const ReportWork* work) {
+ReportOutcome ForEachReportDay(Core& core, const ModeTableState& modes, const ReportOptions& options,
+                               const ReportExclusions& exclusions, const ReportHooks& hooks, const ReportWork* work,
+                               const ReportDayFunction& onDay) {
     ReportExclusions ex = exclusions;
     ex.ReportInProgress = true;
     ex.ReportMinDuration = options.ReportMinDuration;
-    if (options.ReportHeader) out << ReportHeaderText(core, options);
 
     MinuteTables ownTables;
     std::unique_ptr<ActivityTable> ownActivity;
@@ -164,11 +163,23 @@ ReportOutcome WriteEventReport(Core& core, const ModeTableState& modes, const Re
         if (hooks.beforeDay && !hooks.beforeDay(day)) return ReportOutcome::Cancelled;
         PredictDay(core, modes, ex, tables, activity, grid, day);
         if (hooks.afterPrediction) hooks.afterPrediction();
-        out << ReportBlockBytes(ReportDayBlock(day, grid, tables, options, hooks.afterRow));
+        onDay(day, grid, tables);
         day += 1.0;
     } while (!(day > options.ReportEnd));
-    out << ReportEndText();
     return ReportOutcome::Completed;
+}
+
+ReportOutcome WriteEventReport(Core& core, const ModeTableState& modes, const ReportOptions& options,
+                               const ReportExclusions& exclusions, std::ostream& out,
+                               const ReportHooks& hooks, const ReportWork* work) {
+    if (options.ReportHeader) out << ReportHeaderText(core, options);
+    const ReportOutcome outcome = ForEachReportDay(
+        core, modes, options, exclusions, hooks, work,
+        [&](double day, const PredictionGrid& grid, const MinuteTables& tables) {
+            out << ReportBlockBytes(ReportDayBlock(day, grid, tables, options, hooks.afterRow));
+        });
+    if (outcome == ReportOutcome::Completed) out << ReportEndText();
+    return outcome;
 }
 
 } // namespace tarvelle

@@ -27,6 +27,7 @@ struct ReportOptions {
     bool ReportIncludeHA = false;
     bool ReportIoOnly = false;
     bool ReportNoNONE = false;
+    bool ReportCalendar = false; // an iCalendar file instead of the text
     std::string jupAltMinText = "0", sunAltMaxText = "0"; // the texts of txtJupAltMin and txtSunAltMax
     std::string versionText;
 };
@@ -83,6 +84,15 @@ struct ReportWork {
     ActivityTable& activity;
     PredictionGrid& grid;
 };
+
+using ReportDayFunction = std::function<void(double day, const PredictionGrid& grid, const MinuteTables& tables)>;
+
+// The days of a report from ReportStart to ReportEnd: beforeDay (false cancels), the day's
+// prediction with the exclusions while a report is in progress and the options' minimum
+// duration, afterPrediction, then onDay with the day's grid and tables.
+ReportOutcome ForEachReportDay(Core& core, const ModeTableState& modes, const ReportOptions& options,
+                               const ReportExclusions& exclusions, const ReportHooks& hooks, const ReportWork* work,
+                               const ReportDayFunction& onDay);
 
 // The whole report, for the prediction window and tarvelle-cli alike. For each day from
 // ReportStart to ReportEnd: beforeDay is asked first (false cancels, as the cancel button does:

@@ -20,6 +20,7 @@ public:
     void ModesChanged() { emit modesChanged(); }
     void TimeModeChanged(bool realTime) { emit timeModeChanged(realTime); }
     void CloseViews() { emit closeViews(); }
+    void ExclusionsChanged() { emit exclusionsChanged(); }
 
 signals:
     // The live values were recomputed for the present instant (once a second in real time).
@@ -33,6 +34,8 @@ signals:
     // The instant or the way time is shown changed under the open views: they close, as the
     // station's views always have, and are opened again on the new footing.
     void closeViews();
+    // The prediction's exclusions were stored anew.
+    void exclusionsChanged();
 };
 
 } // namespace tarvelle

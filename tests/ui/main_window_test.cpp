@@ -215,3 +215,32 @@ TEST_F(Form1Test, ClosingStopsTheTickAndClosesOtherWindows) {
     EXPECT_FALSE(other.isVisible());
     EXPECT_FALSE(f.isVisible());
 }
+
+// The next audible window at the right of the status line: made anew as the minutes pass, and
+// at once when the stored exclusions or the modes change.
+TEST_F(Form1Test, TheNextWindowFollowsTheClockTheExclusionsAndTheModes) {
+    Form1& f = LoadForm();
+    f.Timer1Tick();
+    const QString first = Text("LBLNext");
+    ASSERT_TRUE(first.startsWith("Next: ")) << first.toStdString();
+    ASSERT_TRUE(first.contains(" GMT, in ")) << first.toStdString();
+    const auto waitMinutes = [](const QString& line) {
+        const QString wait = line.section(", in ", 1);
+        const int h = wait.contains(" h ") ? wait.section(" h ", 0, 0).toInt() : 0;
+        return h * 60 + wait.section(" min", 0, 0).section(' ', -1).toInt();
+    };
+    clock.local += 1.0 / 1440.0;
+    f.Timer1Tick();
+    EXPECT_EQ(waitMinutes(Text("LBLNext")), waitMinutes(first) - 1);
+
+    settings->save("Settings", "ReportJupAltMin", "91"); // Jupiter is never that high
+    station->model.ExclusionsChanged();
+    EXPECT_EQ(Text("LBLNext"), "Next: none in the coming 48 h");
+    settings->save("Settings", "ReportJupAltMin", "0");
+    station->model.ExclusionsChanged();
+    EXPECT_EQ(waitMinutes(Text("LBLNext")), waitMinutes(first) - 1);
+
+    station->modes.ModesLoaded = false;
+    station->model.ModesChanged();
+    EXPECT_TRUE(Text("LBLNext").isEmpty());
+}

@@ -3,6 +3,7 @@
 #include "station/file_messages.h"
 #include "ui/common/plot_widget.h"
 #include "prediction/event_report.h"
+#include "prediction/storm_windows.h"
 #include "ui/common/image_camera.h"
 #include "ui/main/main_window.h"
 #include "formats/mode_file.h"
@@ -210,6 +211,35 @@ TEST_F(Form3Test, TheWindowsReportIsTheHeadlessReport) {
     EXPECT_TRUE(written.endsWith("End of Report\r\n\r\n")); // the text's CR LF and the write's
     EXPECT_EQ(written.toStdString(), expected.str());
     EXPECT_EQ(std::floor(form->PredictDate), DateSerial(2026, 12, 3)); // one day past the end
+}
+
+// The calendar choice gives the headless calendar of the same span, stamped with the GMT of
+// the station's clock, and hands it to the desktop's calendar program.
+TEST_F(Form3Test, TheCalendarChoiceWritesTheHeadlessCalendar) {
+    const QString path = dir.filePath("20261122JP.ics");
+    dialogs.paths = {path};
+    dialogs.answers = {MsgAnswer::Yes};
+    OnNextModal([](QWidget* w) {
+        auto* options = qobject_cast<formReportOptions*>(w);
+        ASSERT_NE(options, nullptr);
+        options->txtEDay->setText("29");
+        options->chkCalendar->setChecked(true);
+        options->cmdOK->click();
+    });
+    form->CmdReport->click();
+    EXPECT_EQ(desktop.opened, QStringList({path}));
+    EXPECT_EQ(settings->get("Settings", "ReportCalendar"), "1");
+
+    ReportOptions o;
+    o.ReportStart = DateSerial(2026, 11, 22);
+    o.ReportEnd = DateSerial(2026, 11, 29);
+    o.versionText = "3.8.2";
+    std::ostringstream expected;
+    Core fresh = core();
+    WriteCalendarReport(fresh, station->modes, o, ExclusionsFromTexts("0", "0", "-6", "6"),
+                        DateSerial(2026, 11, 22) + TimeSerial(20, 30, 0), expected);
+    EXPECT_NE(expected.str().find("BEGIN:VEVENT"), std::string::npos);
+    EXPECT_EQ(ReadFile(path).toStdString(), expected.str());
 }
 
 TEST_F(Form3Test, ACancelledOptionsWindowWritesNothing) {

@@ -1,5 +1,7 @@
 #include "ui/main/main_window.h"
 
+#include "prediction/next_window.h"
+
 #include "ui/common/about_window.h"
 #include "render/artwork.h"
 #include "ui/common/calendar_window.h"
@@ -134,6 +136,7 @@ Form1::Form1(Station& station, QWidget* parent) : QMainWindow(parent), st_(stati
     status->addWidget(PicJupIcon);
     LBLQ = ReadoutLabel(central, "LBLQ");
     status->addWidget(LBLQ, 1);
+    ConnectNextWindow(status);
     layout->addLayout(status);
     setCentralWidget(central);
     PlaceButtons();
@@ -1004,6 +1007,32 @@ void Form1::mnuAltAzTableClick() {
 }
 
 // Scripts and automation: the menu entries and buttons, and the two hooks of the tick.
+// The next window stands right of the activity text. It never widens the window: a narrow
+// window cuts it, the activity text keeps its room.
+void Form1::ConnectNextWindow(QBoxLayout* status) {
+    LBLNext = new QLabel(this);
+    LBLNext->setObjectName("LBLNext");
+    LBLNext->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    LBLNext->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    status->addWidget(LBLNext, 1);
+    connect(&st_.model, &StationModel::ticked, this, [this] { UpdateNextWindow(false); });
+    for (auto changed : {&StationModel::observerChanged, &StationModel::modesChanged, &StationModel::exclusionsChanged})
+        connect(&st_.model, changed, this, [this] { UpdateNextWindow(true); });
+}
+
+// Made anew once a minute, or at once when what it depends on changes.
+void Form1::UpdateNextWindow(bool inputsChanged) {
+    const long long minute = MinuteOf(core_.CurrentUT);
+    if (!inputsChanged && minute == nextMinute_) return;
+    nextMinute_ = minute;
+    if (!st_.modes.ModesLoaded) {
+        LBLNext->clear();
+        return;
+    }
+    const auto next = FindNextWindow(core_, st_.modes, SavedExclusions(st_.settings), core_.CurrentUT);
+    LBLNext->setText(QString::fromLatin1(NextWindowText(next, core_.CurrentUT, core_.UseGMT, core_.ObsTZ)));
+}
+
 void Form1::ConnectScriptingWindows() {
     scripts_ = std::make_unique<ScriptRunner>(st_, *LBLQ, *Label3, *timer1_, *this);
     const std::pair<const char*, void (Form1::*)()> entries[] = {

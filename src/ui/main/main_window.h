@@ -20,6 +20,7 @@
 #include <vector>
 
 class QAction;
+class QBoxLayout;
 class QEvent;
 class QLabel;
 class QLineEdit;
@@ -162,6 +163,11 @@ private:
     void CmdAutomationClick();
     void MnuActivateClick();
 
+    // The next audible window on the status line.
+    void ConnectNextWindow(QBoxLayout* status);
+    void UpdateNextWindow(bool inputsChanged);
+    long long nextMinute_ = -1; // the minute the line was made for
+
     Station& st_;
     Core& core_;
     std::unique_ptr<ScriptRunner> scripts_;
@@ -188,6 +194,7 @@ public:
     QLineEdit *txtY = nullptr, *txtM = nullptr, *txtD = nullptr, *txtH = nullptr, *txtN = nullptr,
               *txtS = nullptr;
     QLabel *Label3 = nullptr, *LBLOB = nullptr, *LBLQ = nullptr, *LBLDate = nullptr, *LBLDateFormat = nullptr;
+    QLabel* LBLNext = nullptr;
     QLabel *LbLJupRA = nullptr, *LbLJupDec = nullptr, *LBlCMIII = nullptr, *LbLSGC = nullptr;
     QLabel *LBLJupAlt = nullptr, *LBLJupAz = nullptr, *LbLJupRise = nullptr, *LbLJupSet = nullptr;
     QLabel *LBLJupHA = nullptr, *LbLSunRA = nullptr, *LbLSunDec = nullptr, *LBLSunAlt = nullptr;

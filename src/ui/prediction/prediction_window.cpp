@@ -5,6 +5,7 @@
 
 #include "core/date_value.h"
 #include "prediction/event_report.h"
+#include "prediction/storm_windows.h"
 #include "station/atomic_file.h"
 #include "ui/common/image_camera.h"
 #include "core/numeric.h"
@@ -285,6 +286,10 @@ void Form3::DoPredictions() {
     auto decimal = [](float v) { return Q(Trim(StrForm(v))); };
     st_.settings.save("Settings", "ReportJupAltMin", decimal(ex.ReportJupAltMin));
     st_.settings.save("Settings", "ReportSunAltMax", decimal(ex.ReportSunAltMax));
+    // The hour angle limits as typed, for the main window's next window.
+    st_.settings.save("Settings", "ReportMinHA", txtMinHA->text());
+    st_.settings.save("Settings", "ReportMaxHA", txtMaxHA->text());
+    st_.model.ExclusionsChanged();
     PredictDay(core_, st_.modes, ex, st_.minutes, st_.activity.ModeActivity, grid_, PredictDate);
     DrawChart();
     ShowGrid();
@@ -455,8 +460,11 @@ void Form3::CmdPredictPrintClick() {
 
 QString Form3::ReportPath() {
     const QString dir = st_.settings.get("Startup", "ReportDir", st_.programDir);
-    const QString name = Q(DefaultReportFileName(choices_.ReportStart));
-    return st_.dialogs.SaveFile("Save Event Report", "Text File|*.TXT|Any|*.*", QDir(dir).filePath(name));
+    QString name = Q(DefaultReportFileName(choices_.ReportStart));
+    if (choices_.ReportCalendar) name.replace(".TXT", ".ics");
+    return st_.dialogs.SaveFile("Save Event Report",
+                                choices_.ReportCalendar ? "Calendar|*.ics|Any|*.*" : "Text File|*.TXT|Any|*.*",
+                                QDir(dir).filePath(name));
 }
 
 void Form3::CmdReportClick() {
@@ -507,8 +515,13 @@ void Form3::CmdReportClick() {
     hooks.afterRow = [] { QCoreApplication::processEvents(); };
     const ReportWork work{st_.minutes, st_.activity.ModeActivity, grid_};
     std::ostringstream report;
-    if (WriteEventReport(core_, st_.modes, choices_, Exclusions(), report, hooks, &work) ==
-        ReportOutcome::Completed)
+    // A calendar's stamp is the GMT of the computer's clock.
+    const double stamp = st_.clock.LocalNow() + st_.clock.ClockTimeZoneBias() / 24.0;
+    const ReportOutcome outcome =
+        choices_.ReportCalendar
+            ? WriteCalendarReport(core_, st_.modes, choices_, Exclusions(), stamp, report, hooks, &work)
+            : WriteEventReport(core_, st_.modes, choices_, Exclusions(), report, hooks, &work);
+    if (outcome == ReportOutcome::Completed)
         PredictDate += 1.0;
     CmdCancelReport->setEnabled(false);
     LBLReportProgress->clear();
@@ -524,7 +537,7 @@ void Form3::CmdReportClick() {
     }
     st_.settings.save("Startup", "ReportDir", QFileInfo(path).absolutePath());
     if (st_.dialogs.Message(" View Event Report " + path + " ?", {}, MsgButtons::YesNo) == MsgAnswer::Yes &&
-        !st_.desktop.ShowTextFile(path))
+        !(choices_.ReportCalendar ? st_.desktop.OpenDocument(path) : st_.desktop.ShowTextFile(path)))
         st_.dialogs.Message("No program to show " + path + " was found.", "View Event Report", MsgButtons::OK,
                             MsgIcon::Exclamation);
 }

@@ -62,6 +62,7 @@ formReportOptions::formReportOptions(Station& station, ReportOptions& choices, b
     chkNoNONE = check("chkNoNONE", "Exclude NONE Entries", "Do not include mode entries for which there is no activity.");
     chkIoOnly = check("chkIoOnly", "Io Related Events Only", "Only include events that are Io influenced.");
     chkHA = check("chkHA", "Include Hour Angle", "Include hour angle information.");
+    chkCalendar = check("chkCalendar", "Calendar (.ics)", "Write the events as a calendar file for a calendar program.");
     cmdOK = new QPushButton("OK", this);
     cmdOK->setObjectName("cmdOK");
     cmdOK->setDefault(true);
@@ -91,7 +92,7 @@ formReportOptions::formReportOptions(Station& station, ReportOptions& choices, b
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(dates);
     layout->addLayout(minimum);
-    for (QCheckBox* box : {chkHeader, chkNoNONE, chkIoOnly, chkHA}) layout->addWidget(box);
+    for (QCheckBox* box : {chkHeader, chkNoNONE, chkIoOnly, chkHA, chkCalendar}) layout->addWidget(box);
     layout->addWidget(note);
     layout->addLayout(buttons);
 
@@ -112,6 +113,8 @@ formReportOptions::formReportOptions(Station& station, ReportOptions& choices, b
     choices_.ReportIoOnly = chkIoOnly->isChecked();
     choices_.ReportNoNONE = chkNoNONE->isChecked();
     choices_.ReportHeader = chkHeader->isChecked();
+    chkCalendar->setChecked(stored("ReportCalendar", "0"));
+    choices_.ReportCalendar = chkCalendar->isChecked();
     reportCancelled_ = true;
     chkHA->setChecked(choices_.ReportIncludeHA);
     txtMin->setText(st_.settings.get("Settings", "ReportMinDuration", "0"));
@@ -139,6 +142,7 @@ void formReportOptions::cmdOKClick() {
     choices_.ReportIncludeHA = chkHA->isChecked();
     choices_.ReportIoOnly = chkIoOnly->isChecked();
     choices_.ReportNoNONE = chkNoNONE->isChecked();
+    choices_.ReportCalendar = chkCalendar->isChecked();
     choices_.ReportMinDuration = static_cast<float>(Number(txtMin));
     auto flag = [](bool b) { return QString(b ? "1" : "0"); };
     st_.settings.save("Settings", "ReportMinDuration", txtMin->text());
@@ -146,6 +150,7 @@ void formReportOptions::cmdOKClick() {
     st_.settings.save("Settings", "ReportIncludeHA", flag(choices_.ReportIncludeHA));
     st_.settings.save("Settings", "ReportIoOnly", flag(choices_.ReportIoOnly));
     st_.settings.save("Settings", "ReportNoNONE", flag(choices_.ReportNoNONE));
+    st_.settings.save("Settings", "ReportCalendar", flag(choices_.ReportCalendar));
     accept();
 }
 

@@ -29,6 +29,7 @@ public:
     QLineEdit *txtEYear = nullptr, *txtEMonth = nullptr, *txtEDay = nullptr;
     QLineEdit* txtMin = nullptr;
     QCheckBox *chkHeader = nullptr, *chkNoNONE = nullptr, *chkIoOnly = nullptr, *chkHA = nullptr;
+    QCheckBox* chkCalendar = nullptr; // the report as a calendar file
     QPushButton *cmdOK = nullptr, *cmdCancel = nullptr;
 
 private:

@@ -1,0 +1,239 @@
+// The events handed to scripts and calendars, and the next audible window. Events are checked
+// against the activity table's own runs of heard minutes, read here without the grid's code.
+#include "prediction/next_window.h"
+#include "prediction/storm_windows.h"
+
+#include "../support/station_test.h"
+#include "core/date_value.h"
+#include "formats/mode_file.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+using namespace tarvelle;
+
+namespace {
+
+struct Observer {
+    float lat, lngWest;
+    double tz;
+};
+
+const Observer kObservers[] = {{39.25f, 76.5f, -5.0}, {-33.87f, 208.78f, 10.0}, {64.83f, 147.72f, -9.0}};
+
+ModeTableState BundledModes() {
+    ModeTableState modes;
+    modes.ModeFileName = TARVELLE_SOURCE_DATA "/UFMODES.JMF";
+    EXPECT_EQ(ReadModeFile(modes), 0);
+    return modes;
+}
+
+ModeTableState OneMode(const std::string& name, int16_t cml1, int16_t cml2, int16_t io1, int16_t io2) {
+    ModeTableState modes;
+    modes.NumModes = 1;
+    modes.ModeName[1] = name;
+    modes.ModeTable[1] = {0, cml1, cml2, io1, io2};
+    modes.ModesLoaded = true;
+    return modes;
+}
+
+// Each mode's runs of heard minutes: a run from row s to row e - 1 begins at minute s - 1 and
+// ends at e - 1 (23:59 for a run to the end of the day); a run from row 1440 alone is none; at
+// most three runs a mode.
+std::vector<StormEvent> RunsOf(const ActivityTable& a, const ModeTableState& modes, double day) {
+    std::vector<StormEvent> runs;
+    for (size_t i = 1; i <= static_cast<size_t>(modes.PredictedModes()); ++i) {
+        int found = 0;
+        for (int s = 1; s < kMinutesPerDay && found < 3; ++s) {
+            const auto heard = [&](int m) { return a[i][static_cast<size_t>(m)] == 1; };
+            if (!heard(s) || heard(s - 1)) continue;
+            int e = s;
+            while (e < kMinutesPerDay && heard(e)) ++e;
+            runs.push_back({static_cast<int>(i), modes.ModeName[i], day, s - 1, e - 1});
+            ++found;
+        }
+    }
+    return runs;
+}
+
+struct DayPrediction {
+    Core core;
+    MinuteTables tables;
+    std::unique_ptr<ActivityTable> activity = std::make_unique<ActivityTable>();
+    PredictionGrid grid;
+
+    void Run(const Observer& o, const ModeTableState& modes, const ReportExclusions& ex, double day) {
+        core.ObsLatitude = o.lat;
+        core.ObsLongitude = o.lngWest;
+        core.ObsTZ = o.tz;
+        core.CurrentUT = day;
+        PredictDay(core, modes, ex, tables, *activity, grid, day);
+    }
+};
+
+TEST(StormEvents, AreTheGridsPairsOverAMonthForSeveralObservers) {
+    const ModeTableState modes = BundledModes();
+    const ReportExclusions open = ExclusionsFromTexts("-90", "90", "-99", "99");
+    const ReportExclusions night = ExclusionsFromTexts("10", "-6", "-5", "5");
+    int events = 0;
+    for (const Observer& o : kObservers) {
+        for (const ReportExclusions& ex : {ReportExclusions{}, open, night}) {
+            for (int k = 0; k < 30; ++k) {
+                const double day = DateSerial(2026, 11, 1) + k;
+                DayPrediction p;
+                p.Run(o, modes, ex, day);
+                const std::vector<StormEvent> got = GridEvents(p.grid, day);
+                ASSERT_EQ(got, RunsOf(*p.activity, modes, day)) << o.lat << " day " << k;
+                events += static_cast<int>(got.size());
+            }
+        }
+    }
+    EXPECT_GT(events, 100); // the month holds events enough to mean something
+}
+
+// Every physical line at most 75 octets, CR LF after each, a blank opening each continuation,
+// no character cut, and the unfolded line the original.
+TEST(CalendarLines, FoldAt75OctetsWithoutCuttingACharacter) {
+    const std::string e = "\xc3\xa9"; // one two-octet character
+    const struct {
+        std::string line;
+        size_t physicalLines;
+    } cases[] = {
+        {std::string(75, 'a'), 1},
+        {std::string(76, 'a'), 2},
+        {std::string(149, 'a'), 2},
+        {std::string(150, 'a'), 3},
+        {std::string(74, 'a') + e, 2},        // the character would end at octet 76
+        {std::string(73, 'a') + e + "b", 2},  // it ends at octet 75
+        {std::string(60, 'a') + e + e + e + e + e + e + e + e + e + e, 2},
+    };
+    for (const auto& c : cases) {
+        const std::string folded = FoldContentLine(c.line);
+        std::string unfolded;
+        size_t lines = 0;
+        for (size_t at = 0; at < folded.size();) {
+            const size_t end = folded.find("\r\n", at);
+            ASSERT_NE(end, std::string::npos);
+            std::string physical = folded.substr(at, end - at);
+            EXPECT_LE(physical.size(), 75u) << c.line;
+            if (lines > 0) {
+                ASSERT_EQ(physical[0], ' ');
+                physical.erase(0, 1);
+            }
+            EXPECT_NE(static_cast<unsigned char>(physical[0]) & 0xC0, 0x80) << "a character was cut";
+            unfolded += physical;
+            ++lines;
+            at = end + 2;
+        }
+        EXPECT_EQ(lines, c.physicalLines) << c.line;
+        EXPECT_EQ(unfolded, c.line);
+    }
+}
+
+std::vector<std::string> Uids(const std::string& calendar) {
+    std::vector<std::string> uids;
+    for (size_t at = calendar.find("UID:"); at != std::string::npos; at = calendar.find("UID:", at + 1))
+        uids.push_back(calendar.substr(at, calendar.find("\r\n", at) - at));
+    return uids;
+}
+
+TEST(CalendarLines, UidsAreStableAcrossRunsAndApartForEachEventAndPlace) {
+    const std::vector<CalendarEvent> events = {
+        {{1, "Io-A", DateSerial(2026, 11, 3), 60, 90}}, {{2, "Io-B", DateSerial(2026, 11, 3), 60, 90}},
+        {{1, "Io-A", DateSerial(2026, 11, 4), 60, 90}}, {{1, "Io-A", DateSerial(2026, 11, 3), 61, 90}}};
+    const auto first = Uids(CalendarText(events, "1.0", DateSerial(2026, 1, 1), "39:15 76:30"));
+    const auto later = Uids(CalendarText(events, "1.0", DateSerial(2026, 2, 1) + 0.3, "39:15 76:30"));
+    const auto elsewhere = Uids(CalendarText(events, "1.0", DateSerial(2026, 1, 1), "-33:52 208:47"));
+    ASSERT_EQ(first.size(), events.size());
+    EXPECT_EQ(first, later);
+    for (size_t i = 0; i < first.size(); ++i) {
+        EXPECT_NE(first[i], elsewhere[i]);
+        for (size_t j = 0; j < i; ++j) EXPECT_NE(first[i], first[j]);
+    }
+}
+
+// The next window on the station's own clock, set by hand (five hours west of Greenwich).
+class NextWindowTest : public StationTest {
+protected:
+    void SetGMT(double gmt) {
+        UseSampleObserver();
+        clock.local = gmt - 5.0 / 24.0;
+        station->ReadClock();
+        ASSERT_NEAR(core().CurrentUT, gmt, 1e-9);
+    }
+    std::string Line(const ModeTableState& modes) {
+        const double now = core().CurrentUT;
+        return NextWindowText(FindNextWindow(core(), modes, SavedExclusions(*settings), now), now, core().UseGMT,
+                              core().ObsTZ);
+    }
+    void AllowEveryMinute() {
+        for (const auto& [key, value] : {std::pair{"ReportJupAltMin", "-90"}, {"ReportSunAltMax", "90"},
+                                         {"ReportMinHA", "-99"}, {"ReportMaxHA", "99"}})
+            settings->save("Settings", key, value);
+    }
+};
+
+TEST_F(NextWindowTest, LateInTheDayTheNextWindowIsTomorrowsFirst) {
+    const ModeTableState modes = BundledModes();
+    int checked = 0;
+    for (int k = 0; k < 30; ++k) {
+        const double today = DateSerial(2026, 11, 1) + k;
+        DayPrediction p, q;
+        const Observer o{39.25f, 76.5f, -5.0};
+        p.Run(o, modes, {}, today);
+        q.Run(o, modes, {}, today + 1.0);
+        const auto late = RunsOf(*p.activity, modes, today);
+        const auto tomorrow = RunsOf(*q.activity, modes, today + 1.0);
+        if (tomorrow.empty() ||
+            std::any_of(late.begin(), late.end(), [](const StormEvent& e) { return e.end > 23 * 60 + 30; }))
+            continue;
+        const StormEvent first = *std::min_element(tomorrow.begin(), tomorrow.end(),
+                                                   [](auto& a, auto& b) { return a.begin < b.begin; });
+        SetGMT(today + TimeSerial(23, 30, 0));
+        const int wait = 30 + first.begin;
+        const std::string in = "in " + (wait >= 60 ? std::to_string(wait / 60) + " h " : "") +
+                               std::to_string(wait % 60) + " min";
+        core().UseGMT = true;
+        EXPECT_EQ(Line(modes), "Next: " + first.name + " " + MinutesToHHMM(first.begin) + "-" + MinutesToHHMM(first.end) + " GMT, " + in);
+        core().UseGMT = false; // five hours west
+        EXPECT_EQ(Line(modes), "Next: " + first.name + " " + MinutesToHHMM((first.begin + 19 * 60) % 1440) + "-" +
+                                   MinutesToHHMM((first.end + 19 * 60) % 1440) + " Local, " + in);
+        ++checked;
+    }
+    EXPECT_GT(checked, 3);
+}
+
+TEST_F(NextWindowTest, AWindowThroughMidnightIsOneWindowAndCountsWhileItLasts) {
+    AllowEveryMinute();
+    const ModeTableState modes = OneMode("All", 0, 360, 0, 360);
+    const double today = DateSerial(2026, 11, 22);
+    SetGMT(today + TimeSerial(23, 50, 0));
+    const auto next = FindNextWindow(core(), modes, SavedExclusions(*settings), core().CurrentUT);
+    ASSERT_TRUE(next.has_value());
+    EXPECT_EQ(next->begin, MinuteOf(today));
+    EXPECT_EQ(next->end, MinuteOf(today + 1.0) + 1439);
+    EXPECT_EQ(Line(modes), "Next: All 00:00-23:59 GMT, now");
+}
+
+TEST_F(NextWindowTest, NoneInTheComing48Hours) {
+    const struct {
+        ModeTableState modes;
+        const char* jupAltMin; // the stored exclusion
+        bool none;
+    } cases[] = {
+        {OneMode("Never", 0, 360, 200, 100), "-90", true}, // an Io range backwards never matches
+        {OneMode("Always", 0, 360, 0, 360), "91", true},   // Jupiter never that high
+        {OneMode("Always", 0, 360, 0, 360), "-90", false},
+    };
+    SetGMT(DateSerial(2026, 11, 22) + TimeSerial(23, 59, 0));
+    AllowEveryMinute();
+    for (const auto& c : cases) {
+        settings->save("Settings", "ReportJupAltMin", c.jupAltMin);
+        EXPECT_EQ(Line(c.modes) == "Next: none in the coming 48 h", c.none) << c.modes.ModeName[1];
+    }
+}
+
+} // namespace
