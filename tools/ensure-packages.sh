@@ -8,7 +8,7 @@ TARVELLE_PACKAGES=(
   qt6-base-dev qt6-base-dev-tools qt6-svg-dev qt6-serialport-dev libgl-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   fonts-dejavu-core python3
-  libxdo-dev socat
+  libxdo-dev socat python3-icalendar
 )
 
 ensure_packages() {
