@@ -1,4 +1,5 @@
 // The daily prediction: one day scanned and matched, and a year's event report.
+#include "bench_observer.h"
 #include "core/astro_core.h"
 #include "core/date_value.h"
 #include "prediction/event_report.h"
@@ -13,17 +14,6 @@
 using namespace tarvelle;
 
 namespace {
-
-Core Observer() {
-    Core c;
-    c.ObsLatitude = 39.25f;
-    c.ObsLongitude = 76.5f;
-    c.ObLatText = "39:15:00";
-    c.ObLngText = "76:30:00";
-    c.CurrentUT = DateSerial(2026, 11, 22) + 0.3;
-    c.UpdateSiderealTime();
-    return c;
-}
 
 // Six modes of the usual kind: Io-related, wrapped CML ranges and one without Io.
 ModeTableState SixModes() {
@@ -44,7 +34,7 @@ ModeTableState SixModes() {
 
 // BuildPredictionTables + MatchModes for one day. Budget: 0.5 ms.
 void BM_PredictOneDay(benchmark::State& state) {
-    Core c = Observer();
+    Core c = SampleObserver();
     const ModeTableState modes = SixModes();
     MinuteTables tables;
     const auto activity = std::make_unique<ActivityTable>();
@@ -71,7 +61,7 @@ ReportOptions YearReport() {
 
 // A 365-day report written headless to a file. Budget: 0.3 s.
 void BM_YearReportToFile(benchmark::State& state) {
-    Core c = Observer();
+    Core c = SampleObserver();
     const ModeTableState modes = SixModes();
     const ReportOptions o = YearReport();
     const auto path = std::filesystem::temp_directory_path() / "bench_prediction_report.txt";

@@ -1,5 +1,6 @@
 // The ephemeris tables: a day at a 1-minute interval, a high-resolution visibility year and a
 // 31-day Alt/Az table at a 1-minute step.
+#include "bench_observer.h"
 #include "core/astro_core.h"
 #include "core/date_value.h"
 #include "tables/altaz_table.h"
@@ -14,17 +15,8 @@ using namespace tarvelle;
 
 namespace {
 
-Core Observer() {
-    Core c;
-    c.ObsLatitude = 39.25f;
-    c.ObsLongitude = 76.5f;
-    c.ObsTZ = -5.0;
-    c.CurrentUT = DateSerial(2026, 11, 22) + 0.3;
-    return c;
-}
-
 void EphemerisDayAtOneMinute(benchmark::State& state) {
-    Core core = Observer();
+    Core core = SampleObserver();
     for (auto _ : state) {
         const EphemerisResult r = ComputeEphemeris(core, {"2026", "11", "22", "1"});
         benchmark::DoNotOptimize(r.rows.data());
@@ -33,7 +25,7 @@ void EphemerisDayAtOneMinute(benchmark::State& state) {
 BENCHMARK(EphemerisDayAtOneMinute)->Unit(benchmark::kMillisecond);
 
 void VisibilityYearHighResolution(benchmark::State& state) {
-    Core core = Observer();
+    Core core = SampleObserver();
     for (auto _ : state) {
         const VisibilityResult r = ComputeVisibility(core, 2026, true);
         benchmark::DoNotOptimize(r.days.data());
@@ -42,7 +34,7 @@ void VisibilityYearHighResolution(benchmark::State& state) {
 BENCHMARK(VisibilityYearHighResolution)->Unit(benchmark::kMillisecond);
 
 void AltAzTable31DaysAtOneMinute(benchmark::State& state) {
-    Core core = Observer();
+    Core core = SampleObserver();
     const std::string path = (std::filesystem::temp_directory_path() / "bench_altaz_table.dat").string();
     for (auto _ : state) {
         std::filesystem::remove(path);

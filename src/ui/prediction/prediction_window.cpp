@@ -291,6 +291,11 @@ void Form3::DoPredictions() {
     st_.settings.save("Settings", "ReportMaxHA", txtMaxHA->text());
     st_.model.ExclusionsChanged();
     PredictDay(core_, st_.modes, ex, st_.minutes, st_.activity.ModeActivity, grid_, PredictDate);
+    ShowPrediction();
+}
+
+// The day just predicted: chart, grid, hour bar and the present minute.
+void Form3::ShowPrediction() {
     DrawChart();
     ShowGrid();
     HourBar();
@@ -504,14 +509,7 @@ void Form3::CmdReportClick() {
         LBLWait->show();
         return true;
     };
-    hooks.afterPrediction = [this] {
-        DrawChart();
-        ShowGrid();
-        HourBar();
-        NowLine();
-        Picture1->Surface().Refresh();
-        LBLWait->hide();
-    };
+    hooks.afterPrediction = [this] { ShowPrediction(); };
     hooks.afterRow = [] { QCoreApplication::processEvents(); };
     const ReportWork work{st_.minutes, st_.activity.ModeActivity, grid_};
     std::ostringstream report;

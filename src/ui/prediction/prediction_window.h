@@ -37,6 +37,7 @@ public:
           QWidget* parent = nullptr);
 
     void DoPredictions();
+    void ShowPrediction();
     void HourBar();
     void SunAltBar();
     void ChkValidDate(bool& valid);
