@@ -11,6 +11,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QTest>
 #include <QCalendarWidget>
 #include <QFile>
 #include <QLabel>
@@ -300,4 +301,23 @@ TEST_F(CommandsTest, HelpMenuOpensTheHelpPageAndSaysWhenItCannot) {
     ASSERT_EQ(dialogs.messages.size(), 1u);
     EXPECT_EQ(dialogs.messages[0].title, "Browser Error");
     EXPECT_EQ(dialogs.messages[0].icon, MsgIcon::Critical);
+}
+
+TEST_F(CommandsTest, EnterAppliesTheBoxesAndTabFollowsTheDateFormat) {
+    form->cmdReal->click();
+    SetBoxes("2024", "03", "05", "12", "00", "00");
+    QTest::keyClick(form->txtS, Qt::Key_Return);
+    EXPECT_EQ(FormatDateMask(station->fixed.FixedUT, "yyyy-mm-dd hh:nn:ss"), "2024-03-05 12:00:00");
+    // Day first: the tab order follows the boxes as shown.
+    core().DateFormatChoice = 1;
+    form->ArrangeDateBoxes();
+    const auto order = InDateOrder(1, form->txtY, form->txtM, form->txtD);
+    auto nextTabStop = [](QWidget* w) {
+        do w = w->nextInFocusChain();
+        while (!(w->focusPolicy() & Qt::TabFocus));
+        return w;
+    };
+    EXPECT_EQ(nextTabStop(order[0]), order[1]);
+    EXPECT_EQ(nextTabStop(order[1]), order[2]);
+    EXPECT_EQ(nextTabStop(order[2]), form->txtH);
 }

@@ -395,6 +395,12 @@ void Form1::ArrangeDateBoxes() {
         box->move(x, top);
         x += box->width() + Px(50);
     }
+    // Tab goes through the date in the order it is shown, then the time.
+    setTabOrder(order[0], order[1]);
+    setTabOrder(order[1], order[2]);
+    setTabOrder(order[2], txtH);
+    setTabOrder(txtH, txtN);
+    setTabOrder(txtN, txtS);
 }
 
 void Form1::Load() {
@@ -579,6 +585,11 @@ void Form1::ConnectCommands() {
     connect(MnuUseGMT, &QAction::triggered, this, &Form1::MnuUseGMTClick);
     connect(cmdGMT, &QPushButton::clicked, this, &Form1::MnuUseGMTClick);
     connect(cmdUpdateTime, &QPushButton::clicked, this, &Form1::cmdUpdateTimeClick);
+    // Enter in a date or time box applies it, as the update button does in fixed time.
+    for (QLineEdit* box : {txtY, txtM, txtD, txtH, txtN, txtS})
+        connect(box, &QLineEdit::returnPressed, this, [this] {
+            if (!core_.RealTimeMode) cmdUpdateTimeClick();
+        });
     connect(mnuCalendar, &QAction::triggered, this, &Form1::mnuCalendarClick);
     connect(cmdCal, &QPushButton::clicked, this, &Form1::mnuCalendarClick);
     connect(mnuDateFormat, &QAction::triggered, this, &Form1::mnuDateFormatClick);

@@ -225,6 +225,9 @@ void Form3::BuildControls() {
     layout->addLayout(commands);
 
     connect(CmdPredict, &QPushButton::clicked, this, &Form3::CmdPredictClick);
+    // Enter in a date field predicts, as the default button would in a dialog.
+    for (QLineEdit* box : {txtYear, txtMonth, txtDay})
+        connect(box, &QLineEdit::returnPressed, CmdPredict, &QPushButton::click);
     connect(CmdNextDay, &QPushButton::clicked, this, &Form3::CmdNextDayClick);
     connect(CmdPrevious, &QPushButton::clicked, this, &Form3::CmdPreviousClick);
     connect(cmdNow, &QPushButton::clicked, this, &Form3::cmdNowClick);
@@ -260,6 +263,9 @@ void Form3::ArrangeDateFields() {
     const auto order = InDateOrder(choice, txtYear, txtMonth, txtDay);
     for (QLineEdit* box : order) fields->removeWidget(box);
     for (QLineEdit* box : order) fields->addWidget(box);
+    // Tab goes through the fields in the order they are read.
+    setTabOrder(order[0], order[1]);
+    setTabOrder(order[1], order[2]);
 }
 
 void Form3::ShowDateInFields(double t) {
