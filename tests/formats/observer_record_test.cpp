@@ -3,11 +3,19 @@
 #include "station/file_messages.h"
 #include "formats/observer_record.h"
 
+#include "formats/file_io.h"
+
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
 
+#include <csignal>
+#include <filesystem>
 #include <fstream>
+#include <iterator>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace tarvelle;
 
@@ -160,4 +168,32 @@ TEST(LoadObserverFile, SetsTheCoreOrSaysWhyNot) {
         EXPECT_EQ(loaded.ObsLatitude, before.ObsLatitude);
         EXPECT_EQ(loaded.ObLatText, before.ObLatText);
     }
+}
+
+// A writer killed in the middle of replacing a file leaves the old file whole.
+TEST(WriteFileAtomically, AWriterKilledMidFileLeavesTheOldFileWhole) {
+    QTemporaryDir dir;
+    const std::string path = WriteFile(dir, "report.txt", "the old report\r\n");
+    const std::string temporary = path + ".saving~";
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        WriteFileAtomically(path, std::string(size_t{400} << 20, 'x'));
+        _exit(0);
+    }
+    // Kill it once the new bytes have started to arrive.
+    std::error_code ec;
+    int status = 0;
+    bool finished = false;
+    for (int i = 0; i < 20000 && !finished; ++i) {
+        if (std::filesystem::exists(temporary, ec) && std::filesystem::file_size(temporary, ec) > (1u << 20)) break;
+        finished = waitpid(child, &status, WNOHANG) == child;
+        usleep(500);
+    }
+    if (finished) GTEST_SKIP() << "the writer finished before it could be stopped";
+    kill(child, SIGKILL);
+    waitpid(child, &status, 0);
+    std::ifstream in(path, std::ios::binary);
+    const std::string kept((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    EXPECT_EQ(kept, "the old report\r\n");
 }

@@ -244,3 +244,21 @@ TEST_F(Form1Test, TheNextWindowFollowsTheClockTheExclusionsAndTheModes) {
     station->model.ModesChanged();
     EXPECT_TRUE(Text("LBLNext").isEmpty());
 }
+
+// Regression: an absurd clock zone in the settings hung the station; a value out of range now
+// goes back to its default and the user is told once.
+TEST_F(StationTest, SettingsOutOfRangeAreResetAndTold) {
+    settings->save("Startup", "SystemClockTZ", "1e300");
+    settings->save("Startup", "UseDetectedTZ", "False");
+    settings->save("Settings", "DFormat", "7");
+    settings->save("Startup", "ModeFileName", QString(5000, 'x'));
+    Form1 f(*station);
+    f.Load();
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    const QString told = dialogs.messages[0].text;
+    for (const char* name : {"Startup/SystemClockTZ", "Settings/DFormat", "Startup/ModeFileName"})
+        EXPECT_TRUE(told.contains(name)) << name;
+    EXPECT_EQ(core().SystemClockTZ, core().ObsTZ);
+    EXPECT_EQ(core().DateFormatChoice, 0);
+}
+

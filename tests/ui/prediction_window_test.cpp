@@ -242,6 +242,20 @@ TEST_F(Form3Test, TheCalendarChoiceWritesTheHeadlessCalendar) {
     EXPECT_EQ(ReadFile(path).toStdString(), expected.str());
 }
 
+// Regression: the folder was remembered before the file was written, and a failed save said
+// nothing of why.
+TEST_F(Form3Test, AFailedReportSaysWhyAndRemembersNoFolder) {
+    const QString path = dir.filePath("no-such-folder/20261122JP.TXT");
+    dialogs.paths = {path};
+    OnNextModal([](QWidget* w) { qobject_cast<formReportOptions*>(w)->cmdOK->click(); });
+    form->CmdReport->click();
+    ASSERT_FALSE(dialogs.messages.empty());
+    EXPECT_TRUE(dialogs.messages.back().text.startsWith("There was an error trying to save " + path + "\n"));
+    EXPECT_GT(dialogs.messages.back().text.size(), ("There was an error trying to save " + path + "\n").size());
+    EXPECT_EQ(settings->get("Startup", "ReportDir"), QString());
+    EXPECT_FALSE(QFile::exists(path));
+}
+
 TEST_F(Form3Test, ACancelledOptionsWindowWritesNothing) {
     OnNextModal([](QWidget* w) { qobject_cast<formReportOptions*>(w)->cmdCancel->click(); });
     form->CmdReport->click();
