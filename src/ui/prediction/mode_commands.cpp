@@ -29,12 +29,18 @@ void MnuLoadModeFileClick(Station& station) {
     ModeTableState& modes = station.modes;
     const QString path = station.dialogs.OpenFile("Load Mode File", kModeFilter, Q(modes.ModeFileName));
     if (path.isEmpty()) return;
+    // The file is remembered only once it has loaded; a failure keeps the table and its name.
+    const std::string previous = modes.ModeFileName;
     modes.ModeFileName = path.toStdString();
     int status = 0;
     LoadModeFile(modes, status, station.dialogs);
-    if (status != 0) return;
+    if (status != 0) {
+        modes.ModeFileName = previous;
+        return;
+    }
     station.settings.save("Startup", "ModeFileName", path);
     TellOfUnpredictedModes(modes, station.dialogs);
+    station.model.ModesChanged();
 }
 
 void MnuSaveModeFileClick(Station& station) {

@@ -128,6 +128,7 @@ void Form4::ApplyModeEdits() {
                              txtIoS[row]->text().toStdString(), txtIoE[row]->text().toStdString()};
     }
     tarvelle::ApplyModeEdits(st_.modes, rows);
+    st_.model.ModesChanged();
 }
 
 void Form4::CmdSaveClick() {
