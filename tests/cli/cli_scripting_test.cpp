@@ -83,9 +83,9 @@ TEST_F(RunScriptDry, ErrorsAndRefusalsAsTheyArePrinted) {
         {"\\\\ nothing\r\n", "status: Can't Run Script : No Script Loaded or First Line Blank!\nresult = \nA = 0\n"},
         {"WAIT UNTIL (9:99)", "errlog: \nstatus: Script Error Logged Type mismatch\nstatus: Script Error: Type mismatch  Line  0\n"
                                "result = 13\nA = 0\n"},
-        {"DDE_APP (a)\nDDE_TOPIC (b)\nDDE_ITEM (c)\nDDE_SEND (d)\nSENDKEYS (x) NOWAIT\nACTIVATE (logger)",
+        {"DDE_APP (a)\nDDE_TOPIC (b)\nDDE_ITEM (c)\nDDE_SEND (d)\nSENDKEYS (x) NOWAIT\nACTIVATE (notebook)",
          "dde poke A|B C D\nstatus: Script [ 4] SENDKEYS (x) NOWAIT  [A= 0]\nkeys x nowait\n"
-         "status: Script [ 5] ACTIVATE (logger)  [A= 0]\nshell LOGGER 4\n"},
+         "status: Script [ 5] ACTIVATE (notebook)  [A= 0]\nshell NOTEBOOK 4\n"},
     };
     for (const auto& c : cases) {
         const std::string out = Run(With(Script(c.text), {"--dry", "--at=2026-11-22 12:00:00"}));

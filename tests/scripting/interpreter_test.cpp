@@ -110,17 +110,17 @@ TEST_F(Interpreter, BuiltInVariablesFollowTheLiveValuesAndTheOption) {
 }
 
 TEST_F(Interpreter, DeviceCommandsReachTheirOperations) {
-    devices.windows = {"Radio Logger - night"};
+    devices.windows = {"Night notebook - storms"};
     devices.readings[888] = {6};
     const std::string text =
         "SENDKEYS (abc) NOWAIT\nsendkeys (abc) nowait\nSENDKEYS (NOWAIT)\nRUN (xterm -e top)\n"
-        "ACTIVATE (logger)\nACTIVATE (skypipe)\nACTIVATE ()\n"
-        "DDE_APP (srv)\nDDE_TOPIC (t)\nDDE_ITEM (i)\nDDE_SEND (x JUPAZ)\n"
+        "ACTIVATE (notebook)\nACTIVATE (chartview)\nACTIVATE ()\n"
+        "DDE_APP (app)\nDDE_TOPIC (t)\nDDE_ITEM (i)\nDDE_SEND (x JUPAZ)\n"
         "IO_PORT = (888)\nA = (258)\nIO_OUT\nIO_INP\nEXIT";
     EXPECT_EQ(Run(text), 7);
     const std::vector<std::string> expected = {
-        "keys abc nowait", "keys abc wait", "keys NOWAIT nowait", "shell XTERM -E TOP 1", "activate LOGGER",
-        "shell SKYPIPE 4", "poke SRV|T I X 0", "out 888=258", "in 888"};
+        "keys abc nowait", "keys abc wait", "keys NOWAIT nowait", "shell XTERM -E TOP 1", "activate NOTEBOOK",
+        "shell CHARTVIEW 4", "poke APP|T I X 0", "out 888=258", "in 888"};
     EXPECT_EQ(devices.log, expected);
     EXPECT_EQ(script->A, 6);
     EXPECT_EQ(host->statuses[host->statuses.size() - 3], "Script Returned  6 from Port  888");
