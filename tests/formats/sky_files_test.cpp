@@ -83,9 +83,6 @@ TEST_F(SkyFilesTest, AntennaFilesAreReadAsTheStationReadsThem) {
         if (c.status == AntennaStatus::NotAntenna) {
             EXPECT_EQ(load.message, path + "\r\n\r\nNot recognized as an antenna file!");
         }
-        if (c.status == AntennaStatus::LoadError) {
-            EXPECT_EQ(load.title, "Antenna File Load Error");
-        }
         if (c.status != AntennaStatus::Loaded) {
             EXPECT_NE(load.message.find(path), std::string::npos) << c.what;
         }
@@ -112,12 +109,10 @@ TEST_F(SkyFilesTest, AntennaKeysInAnyCaseOrderAndPlace) {
     ASSERT_EQ(antenna.LobeCount(), 10);
     for (int k = 1; k <= 10; ++k) {
         const AntennaLobe& lobe = antenna.Lobes[static_cast<size_t>(k)];
-        EXPECT_EQ(lobe.ALT, k);
-        EXPECT_EQ(lobe.AZ, 10 * k);
-        EXPECT_EQ(lobe.RA, 15.0);
-        EXPECT_EQ(lobe.DEC, -2.0);
-        EXPECT_EQ(lobe.GAIN, k == 3 ? 0.0 : 7.5);
-        EXPECT_TRUE(lobe.Edge.empty());
+        EXPECT_TRUE(lobe.ALT == k && lobe.AZ == 10 * k && lobe.RA == 15.0 && lobe.DEC == -2.0 &&
+                    lobe.Edge.empty())
+            << k;
+        EXPECT_EQ(lobe.GAIN, k == 3 ? 0.0 : 7.5) << k;
     }
 }
 
@@ -154,21 +149,18 @@ TEST_F(SkyFilesTest, TheWriterWritesWhatTheReaderReadsBack) {
     antenna.Lobes[2] = {20, 30, -5, 359.25, 0, 0, -1.5, {}};
     const std::string path = Write("w.ant", "");
     ASSERT_EQ(WriteAntennaFile(path, antenna, 2), "");
-    std::ifstream in(path, std::ios::binary);
     std::ostringstream written;
-    written << in.rdbuf();
+    written << std::ifstream(path, std::ios::binary).rdbuf();
     EXPECT_EQ(written.str().substr(0, 81), "ANTENNA FILE\r\nNAME = Pair\r\nPIC = DANS\r\nHEIGHT = 3.5\r\nLOBES = 2\r\n"
                                            "START LOBE 1\r\nALT");
     EXPECT_NE(written.str().find("AZ = 359.25\r\n"), std::string::npos);
     Antenna back;
     ASSERT_EQ(ReadAntennaFile(path, back).status, AntennaStatus::Loaded);
     EXPECT_EQ(back.AntHeight, "3.5");
-    for (size_t k = 1; k <= 2; ++k) {
-        EXPECT_EQ(back.Lobes[k].NSBW, antenna.Lobes[k].NSBW);
-        EXPECT_EQ(back.Lobes[k].AZ, antenna.Lobes[k].AZ);
-        EXPECT_EQ(back.Lobes[k].ALT, antenna.Lobes[k].ALT);
-        EXPECT_EQ(back.Lobes[k].GAIN, antenna.Lobes[k].GAIN);
-    }
+    for (size_t k = 1; k <= 2; ++k)
+        EXPECT_TRUE(back.Lobes[k].NSBW == antenna.Lobes[k].NSBW && back.Lobes[k].AZ == antenna.Lobes[k].AZ &&
+                    back.Lobes[k].ALT == antenna.Lobes[k].ALT && back.Lobes[k].GAIN == antenna.Lobes[k].GAIN)
+            << k;
     EXPECT_EQ(ReadAntennaName(path).name, "Pair");
     EXPECT_EQ(ReadAntennaName(Write("n.ant", "NAME = x\r\n")).status, "Not recognized as an antenna file!");
 }
@@ -231,12 +223,10 @@ TEST_F(SkyFilesTest, StarRecordsRoundTripAndAShortTailIsNotARecord) {
     const std::string path = Write("star.dat", bytes + "tail");
     const std::vector<StarRecord> read = ReadStarFile(path);
     ASSERT_EQ(read.size(), 2u);
-    for (size_t i = 0; i < 2; ++i) {
-        EXPECT_EQ(read[i].ra, stars[i].ra);
-        EXPECT_EQ(read[i].dec, stars[i].dec);
-        EXPECT_EQ(read[i].magnitude, stars[i].magnitude);
-        EXPECT_EQ(read[i].name, stars[i].name);
-    }
+    for (size_t i = 0; i < 2; ++i)
+        EXPECT_TRUE(read[i].ra == stars[i].ra && read[i].dec == stars[i].dec &&
+                    read[i].magnitude == stars[i].magnitude && read[i].name == stars[i].name)
+            << stars[i].name;
     EXPECT_TRUE(ReadStarFile(path + ".absent").empty());
 }
 

@@ -86,24 +86,18 @@ ReportExclusions Open() {
     return ex;
 }
 
-std::string DayOfAllDayAndNever(int y, int m, int d) {
+// A day's block of the two modes; without the none row when NONE rows are left out.
+std::string DayOfAllDayAndNever(int y, int m, int d, bool withNone = true) {
     return "< Year " + std::to_string(y) + "   Month " + std::to_string(m) + "   Day " + std::to_string(d) +
            " >\r\n\r\n" + B(10) + "Begin      End      " + B(40) + "\r\n" + "Io-all    00:00     23:59     " +
-           B(40) + "\r\n" + "Io-never  NONE      \r\n" + B(50) + "\r\n" + kRule + "\r\n";
+           B(40) + "\r\n" + (withNone ? "Io-never  NONE      \r\n" + B(50) + "\r\n" : "") + kRule + "\r\n";
 }
 
 std::string Header(const std::string& period, const std::string& minutes) {
-    return "JUPITER EVENT PREDICTIONS\r\n\r\n"
-           "Report Period  (GMT) " +
-           period +
-           "\r\n"
-           "Reference Coordinates:  Longitude 76:30:00 W     Latitude 39:15:00\r\n"
-           "Exclude times when Jupiter is below -90 deg.\r\n"
-           "Exclude times when Sun is above 90 deg.\r\n"
-           "Include only events that last at least " +
-           minutes +
-           " minutes.\r\n"
-           "Tarvelle Software Version 3.8.2\r\n\r\n";
+    return "JUPITER EVENT PREDICTIONS\r\n\r\nReport Period  (GMT) " + period +
+           "\r\nReference Coordinates:  Longitude 76:30:00 W     Latitude 39:15:00\r\n"
+           "Exclude times when Jupiter is below -90 deg.\r\nExclude times when Sun is above 90 deg.\r\n"
+           "Include only events that last at least " + minutes + " minutes.\r\nTarvelle Software Version 3.8.2\r\n\r\n";
 }
 
 ReportOptions Span(double start, double end) {
@@ -216,12 +210,8 @@ TEST(WholeReport, AcrossALeapDayWithoutHeaderOrNone) {
     o.ReportHeader = false;
     o.ReportNoNONE = true;
     o.ReportMinDuration = 1439.0f; // the whole-day event lasts 1439 minutes by the filter's count
-    auto day = [](int m, int d) {
-        return "< Year 2024   Month " + std::to_string(m) + "   Day " + std::to_string(d) + " >\r\n\r\n" +
-               B(10) + "Begin      End      " + B(40) + "\r\n" + "Io-all    00:00     23:59     " + B(40) +
-               "\r\n" + kRule + "\r\n";
-    };
-    EXPECT_EQ(ReportOf(c, o), day(2, 28) + day(2, 29) + day(3, 1) + "End of Report\r\n\r\n");
+    EXPECT_EQ(ReportOf(c, o), DayOfAllDayAndNever(2024, 2, 28, false) + DayOfAllDayAndNever(2024, 2, 29, false) +
+                                  DayOfAllDayAndNever(2024, 3, 1, false) + "End of Report\r\n\r\n");
 
     // One minute more and the events go, leaving only minute 1440, which the grid shows as
     // none: no day keeps a time, so no block is written.

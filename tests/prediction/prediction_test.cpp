@@ -76,6 +76,22 @@ std::vector<int> Range(int from, int to) {
     return out;
 }
 
+Core Place(float latitude, float longitudeWest) {
+    Core c;
+    c.ObsLatitude = latitude;
+    c.ObsLongitude = longitudeWest;
+    return c;
+}
+
+// The sky at minute m of a prediction: 00:10 GMT plus m minutes, all positions recomputed.
+Core SkyAtMinute(float latitude, float longitudeWest, double day, size_t m) {
+    Core sky = Place(latitude, longitudeWest);
+    sky.CurrentUT = day + (10.0 + static_cast<double>(m)) / 1440.0;
+    sky.UpdateSiderealTime();
+    sky.UpdatePositions();
+    return sky;
+}
+
 } // namespace
 
 TEST(ModeMatch, CMLRangeThroughThreeSixtyAndInclusiveEnds) {
@@ -89,14 +105,14 @@ TEST(ModeMatch, CMLRangeThroughThreeSixtyAndInclusiveEnds) {
         EXPECT_EQ(ModeMatch(static_cast<int16_t>(c.cml), 110, wrapped), c.expected) << "CML " << c.cml;
 
     const Mode plain = M(105, 185, 55, 110);
-    EXPECT_EQ(ModeMatch(104, 80, plain), 0);
-    EXPECT_EQ(ModeMatch(105, 80, plain), 1);
-    EXPECT_EQ(ModeMatch(185, 80, plain), 1);
-    EXPECT_EQ(ModeMatch(186, 80, plain), 0);
-    EXPECT_EQ(ModeMatch(150, 54, plain), 0);
-    EXPECT_EQ(ModeMatch(150, 55, plain), 1);
-    EXPECT_EQ(ModeMatch(150, 110, plain), 1);
-    EXPECT_EQ(ModeMatch(150, 111, plain), 0);
+    const struct {
+        int cml, io;
+        int16_t expected;
+    } ends[] = {{104, 80, 0}, {105, 80, 1}, {185, 80, 1}, {186, 80, 0},
+                {150, 54, 0}, {150, 55, 1}, {150, 110, 1}, {150, 111, 0}};
+    for (const auto& c : ends)
+        EXPECT_EQ(ModeMatch(static_cast<int16_t>(c.cml), static_cast<int16_t>(c.io), plain), c.expected)
+            << c.cml << " " << c.io;
     // A range of one degree, and the full circle.
     EXPECT_EQ(ModeMatch(42, 0, M(42, 42, 0, 0)), 1);
     EXPECT_EQ(ModeMatch(43, 0, M(42, 42, 0, 0)), 0);
@@ -214,12 +230,6 @@ TEST(ComputeReportEvents, DurationFilterAtTheDayEnds) {
     EXPECT_EQ(MinutesWith(*a, 1, 1), Range(200, 204));
 }
 
-TEST(MinutesToHHMM, TwoDigitsEach) {
-    EXPECT_EQ(MinutesToHHMM(0), "00:00");
-    EXPECT_EQ(MinutesToHHMM(425), "07:05");
-    EXPECT_EQ(MinutesToHHMM(1439), "23:59");
-}
-
 TEST(Grid, HeadingsNamesAndNone) {
     MinuteTables t = QuietTables();
     const ModeTableState modes =
@@ -249,6 +259,7 @@ TEST(Grid, EventEdgesAndAtMostThreeEvents) {
     using Row = std::array<std::string, 7>;
     // A begin shows the minute before its first row, an end the minute before the row after.
     EXPECT_EQ(fill({{61, 120}}), (Row{"a", "01:00", "02:00", "", "", "", ""}));
+    EXPECT_EQ(fill({{426, 426}}), (Row{"a", "07:05", "07:06", "", "", "", ""})); // two digits each
     EXPECT_EQ(fill({{1, 1}, {1439, 1440}}), (Row{"a", "00:00", "00:01", "23:58", "23:59", "", ""}));
     EXPECT_EQ(fill({{1440, 1440}}), (Row{"a", "NONE", "", "", "", "", ""}));
     EXPECT_EQ(fill({{10, 10}, {1440, 1440}}), (Row{"a", "00:09", "00:10", "", "", "", ""}));
@@ -271,13 +282,8 @@ TEST(Grid, AnExcludedMinuteEndsAnEventButStaysInTheActivity) {
 }
 
 TEST(Grid, RowsFollowTheModesAndOldHeadingsStay) {
-    const ModeTableState six = Modes({{"1", M(0, 360, 0, 360)},
-                                      {"2", M(0, 360, 0, 360)},
-                                      {"3", M(0, 360, 0, 360)},
-                                      {"4", M(0, 360, 0, 360)},
-                                      {"5", M(0, 360, 0, 360)},
-                                      {"6", M(0, 360, 0, 360)}});
-    ModeTableState eight = six;
+    ModeTableState eight = Modes({{"1", M(0, 360, 0, 360)}});
+    for (size_t i = 2; i <= 8; ++i) eight.ModeTable[i] = M(0, 360, 0, 360);
     eight.NumModes = 8;
     auto a = Activity();
     ComputeReportEvents(QuietTables(), eight, ReportExclusions{}, *a);
@@ -296,9 +302,7 @@ TEST(Grid, RowsFollowTheModesAndOldHeadingsStay) {
 }
 
 TEST(BuildPredictionTables, PositionsFixedAtTenPastMidnight) {
-    Core c;
-    c.ObsLatitude = 40.0f;
-    c.ObsLongitude = 75.0f;
+    Core c = Place(40.0f, 75.0f);
     c.CurrentUT = DateSerial(2026, 2, 3) + 0.75;
     c.UpdateSiderealTime();
     const double now = c.CurrentUT;
@@ -310,12 +314,7 @@ TEST(BuildPredictionTables, PositionsFixedAtTenPastMidnight) {
     EXPECT_EQ(c.LST, lst);
     ASSERT_EQ(t.MinuteCML.size(), 1441u);
 
-    Core at;
-    at.ObsLatitude = 40.0f;
-    at.ObsLongitude = 75.0f;
-    at.CurrentUT = DateSerial(2026, 5, 17) + 10.0 / 1440.0;
-    at.UpdateSiderealTime();
-    at.UpdatePositions();
+    const Core at = SkyAtMinute(40.0f, 75.0f, DateSerial(2026, 5, 17), 0); // 00:10, the first row
     EXPECT_EQ(t.MinuteCML[1], static_cast<int16_t>(std::floor(at.CMLIII)));
     EXPECT_EQ(t.MinuteIo[1], static_cast<int16_t>(std::floor(at.IoPhase)));
     EXPECT_EQ(t.MinuteCML[0], 0);
@@ -355,26 +354,6 @@ TEST(BuildPredictionTables, LongitudesReachThreeSixtyAndGoOnAtOne) {
     EXPECT_GT(wraps, 16);
     EXPECT_GE(sixties, wraps);
 }
-
-namespace {
-
-Core Place(float latitude, float longitudeWest) {
-    Core c;
-    c.ObsLatitude = latitude;
-    c.ObsLongitude = longitudeWest;
-    return c;
-}
-
-// The sky at minute m of a prediction: 00:10 GMT plus m minutes, all positions recomputed.
-Core SkyAtMinute(float latitude, float longitudeWest, double day, size_t m) {
-    Core sky = Place(latitude, longitudeWest);
-    sky.CurrentUT = day + (10.0 + static_cast<double>(m)) / 1440.0;
-    sky.UpdateSiderealTime();
-    sky.UpdatePositions();
-    return sky;
-}
-
-} // namespace
 
 // The sidereal time runs on past 24 without reduction, so the single fold each way leaves
 // hour angles above 12 late in the day.

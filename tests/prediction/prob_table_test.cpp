@@ -30,24 +30,6 @@ bool InPeak(size_t io, size_t cml) {
 
 } // namespace
 
-TEST(ProbTable, CoarseSampleCellForCell) {
-    // Io phase 30..360 down, CML 30..360 across.
-    constexpr int kSample[12][12] = {
-        {8, 8, 8, 7, 8, 8, 8, 19, 18, 16, 12, 8},      {8, 11, 15, 10, 13, 9, 9, 18, 20, 12, 12, 8},
-        {8, 7, 29, 85, 92, 56, 15, 18, 17, 12, 12, 8}, {8, 8, 10, 11, 12, 13, 12, 21, 19, 8, 8, 4},
-        {7, 8, 8, 10, 13, 8, 9, 19, 16, 12, 8, 4},     {8, 8, 8, 8, 12, 7, 18, 24, 22, 8, 8, 4},
-        {8, 8, 8, 8, 10, 8, 21, 27, 22, 14, 8, 4},     {12, 8, 8, 8, 9, 9, 54, 78, 40, 36, 45, 30},
-        {8, 8, 8, 8, 10, 8, 12, 23, 19, 13, 8, 4},     {8, 12, 12, 12, 12, 12, 9, 17, 19, 12, 12, 8},
-        {8, 12, 12, 12, 12, 8, 8, 17, 19, 12, 12, 8},  {8, 8, 12, 12, 12, 8, 8, 16, 16, 12, 12, 8},
-    };
-    const ProbabilityTable t = BuiltIn();
-    ASSERT_EQ(t.size(), 361u);
-    for (size_t i = 0; i < 12; ++i)
-        for (size_t j = 0; j < 12; ++j)
-            EXPECT_EQ(t[30 * (i + 1)][30 * (j + 1)], kSample[i][j])
-                << "Io " << 30 * (i + 1) << " CML " << 30 * (j + 1);
-}
-
 TEST(ProbTable, StatedCells) {
     const ProbabilityTable t = BuiltIn();
     ASSERT_EQ(t.size(), 361u);
@@ -59,11 +41,15 @@ TEST(ProbTable, StatedCells) {
     for (double v : {11, 11, 10, 9}) start.push_back(v);
     ASSERT_EQ(start.size(), 116u);
     for (size_t c = 1; c <= start.size(); ++c) EXPECT_EQ(t[1][c], start[c - 1]) << "CML " << c;
-    EXPECT_EQ(t[1][1], 8.0);
 
     // The row stored one value short.
     EXPECT_EQ(t[12][359], 0.0);
     EXPECT_EQ(t[12][360], 8.0);
+    // Spot cells far into the packed text: a row shifted or cut short moves them.
+    EXPECT_EQ(t[90][120], 85.0);
+    EXPECT_EQ(t[90][150], 92.0);
+    EXPECT_EQ(t[240][240], 78.0);
+    EXPECT_EQ(t[360][360], 8.0);
 
     for (size_t k = 0; k <= 360; ++k) {
         EXPECT_EQ(t[0][k], 0.0) << k;
@@ -71,11 +57,14 @@ TEST(ProbTable, StatedCells) {
     }
 }
 
-TEST(ProbTable, PeakPlateauAndRange) {
+// The peak plateau, the range elsewhere, and the non-Io-A source standing above the quiet
+// longitudes whatever Io does.
+TEST(ProbTable, PeakPlateauRangeAndNonIoBand) {
     const ProbabilityTable t = BuiltIn();
     ASSERT_EQ(t.size(), 361u);
-    EXPECT_EQ(t[90][136], 100.0);
     for (size_t io = 1; io <= 360; ++io) {
+        EXPECT_GE(t[io][250], 14.0) << io;
+        EXPECT_GT(t[io][250], t[io][60]) << io;
         for (size_t c = 1; c <= 360; ++c) {
             if (io == 12 && c == 359) continue;
             const double v = t[io][c];
@@ -89,18 +78,7 @@ TEST(ProbTable, PeakPlateauAndRange) {
     }
 }
 
-TEST(ProbTable, NonIoBandAtEveryIoPhase) {
-    // The non-Io-A source stands above the quiet longitudes whatever Io does; a row shifted
-    // or cut short in the packed text shows up here.
-    const ProbabilityTable t = BuiltIn();
-    ASSERT_EQ(t.size(), 361u);
-    for (size_t io = 1; io <= 360; ++io) {
-        EXPECT_GE(t[io][250], 14.0) << io;
-        EXPECT_GT(t[io][250], t[io][60]) << io;
-    }
-}
-
-TEST(ProbTableExpansion, ShortRowKeepsItsLastValueAtCml360) {
+TEST(ProbTableExpansion, ShortRowsKeepTheirLastValueAtCml360AndRowsFollowTheX) {
     const ProbabilityTable t = Expanded({"5_6_7X", "9X"});
     ASSERT_EQ(t.size(), 361u);
     EXPECT_EQ(t[1][1], 5.0);
@@ -113,6 +91,15 @@ TEST(ProbTableExpansion, ShortRowKeepsItsLastValueAtCml360) {
     // Rows not given stay 0.
     EXPECT_EQ(t[3][360], 0.0);
     EXPECT_EQ(t[360][360], 0.0);
+
+    // The rows are joined first, so an "X" inside one string ends a row and a row may run on
+    // into the next string.
+    const ProbabilityTable joined = Expanded({"1_2", "X3X4_", "5X"});
+    EXPECT_EQ(joined[1][1], 1.0);
+    EXPECT_EQ(joined[1][360], 2.0);
+    EXPECT_EQ(joined[2][360], 3.0);
+    EXPECT_EQ(joined[3][1], 4.0);
+    EXPECT_EQ(joined[3][360], 5.0);
 }
 
 TEST(ProbTableExpansion, TokensBecomeTheirRuns) {
@@ -126,17 +113,6 @@ TEST(ProbTableExpansion, TokensBecomeTheirRuns) {
     for (size_t c = 1; c <= expected.size(); ++c) EXPECT_EQ(t[1][c], expected[c - 1]) << c;
     EXPECT_EQ(t[1][expected.size() + 1], 0.0);
     EXPECT_EQ(t[1][360], 5.0);
-}
-
-TEST(ProbTableExpansion, RowsFollowTheXNotTheStrings) {
-    // The rows are joined first, so an "X" inside one string ends a row and a row may run on
-    // into the next string.
-    const ProbabilityTable t = Expanded({"1_2", "X3X4_", "5X"});
-    EXPECT_EQ(t[1][1], 1.0);
-    EXPECT_EQ(t[1][360], 2.0);
-    EXPECT_EQ(t[2][360], 3.0);
-    EXPECT_EQ(t[3][1], 4.0);
-    EXPECT_EQ(t[3][360], 5.0);
 }
 
 TEST(ProbTableExpansion, FullAndOverlongRows) {

@@ -19,7 +19,6 @@
 
 #include <array>
 #include <cmath>
-#include <set>
 
 namespace tarvelle {
 namespace {
@@ -178,10 +177,7 @@ TEST(PlotSurfaceTest, CircleFillStylesAndAspect) {
     s.SetFillStyle(FillStyle::Transparent);
     s.DrawCircle(20.0f, 20.0f, 10.0f, kRed);
     EXPECT_EQ(s.Pixel(20, 20), kGreen);
-    EXPECT_EQ(s.Pixel(25, 22), kGreen);
     EXPECT_EQ(s.Pixel(30, 20), kRed);
-    EXPECT_EQ(s.Pixel(10, 20), kRed);
-    EXPECT_EQ(s.Pixel(20, 30), kRed);
     // The outline is closed: each row between top and bottom meets it on both sides, and
     // nothing lies inside.
     for (int y = 11; y <= 29; ++y) {
@@ -321,9 +317,6 @@ TEST(PlotSurfaceTest, ExtremeCoordinatesAreClippedNotWalked) {
 
 TEST(PictureStoreTest, SpritesShareOneDiscOf224Pixels) {
     Form8 store;
-    EXPECT_EQ(store.Pic408.PixelWidth(), 360);
-    EXPECT_EQ(store.Pic408.PixelHeight(), 360);
-
     int disc = 0, minX = 99, maxX = -1, minY = 99, maxY = -1;
     for (int y = 0; y < kSpriteSize; ++y)
         for (int x = 0; x < kSpriteSize; ++x) {
@@ -346,11 +339,6 @@ TEST(PictureStoreTest, SpritesShareOneDiscOf224Pixels) {
     EXPECT_EQ(maxX - minX + 1, 17);
     EXPECT_EQ(minY, 1);
     EXPECT_EQ(maxY - minY + 1, 16);
-
-    for (PlotSurface* s : {&store.PicSun, &store.PicBack1, &store.PicBack4}) {
-        EXPECT_EQ(s->Mode(), ScaleMode::Pixel);
-        EXPECT_EQ(s->PixelWidth(), kSpriteSize);
-    }
 }
 
 TEST(PictureStoreTest, AllSkyPictureIsTheSameOnEveryRun) {
@@ -360,10 +348,6 @@ TEST(PictureStoreTest, AllSkyPictureIsTheSameOnEveryRun) {
     const QImage drawn(TARVELLE_SOURCE_DATA "/pictures/sky408.bmp");
     ASSERT_FALSE(drawn.isNull());
     EXPECT_EQ(a.Pic408.Image().convertToFormat(QImage::Format_RGB32), drawn.convertToFormat(QImage::Format_RGB32));
-    std::set<int> colours;
-    for (int y = 0; y < 360; y += 3)
-        for (int x = 0; x < 360; x += 3) colours.insert(a.Pic408.Pixel(x, y));
-    EXPECT_GT(colours.size(), 100u);
     // Clear brings the picture back.
     a.Pic408.FillBox(0.0f, 0.0f, 359.0f, 359.0f, 0);
     a.Pic408.Clear();
@@ -501,9 +485,6 @@ TEST(PlotSurfaceTest, TextIsPenColouredUnaliasedAndMovesDownOneLine) {
     const float small = s.TextWidth("Jupiter");
     s.SetFontSize(20.0f);
     EXPECT_GT(s.TextWidth("Jupiter"), 1.6f * small);
-    s.SetFontBold(true);
-    EXPECT_TRUE(s.Font().bold());
-    EXPECT_EQ(s.Font().family(), "DejaVu Sans");
 }
 
 TEST(PlotSurfaceTest, StretchPictureScalesByNearestPixel) {
@@ -525,26 +506,6 @@ TEST(PlotSurfaceTest, StretchPictureScalesByNearestPixel) {
     EXPECT_EQ(dst.Pixel(0, 7), 0xFFFFFF);
 }
 
-TEST(PlotSurfaceTest, RefreshShowsTheImageAndTheClipboardGetsIt) {
-    PlotSurface s(10, 10);
-    s.FillBox(0.0f, 0.0f, 9.0f, 9.0f, QBColor(12));
-    EXPECT_EQ(FromQRgb(s.Shown().pixel(5, 5)), 0xFFFFFF); // drawn, not yet shown
-    s.Refresh();
-    EXPECT_EQ(FromQRgb(s.Shown().pixel(5, 5)), QBColor(12));
-
-    s.CopyToClipboard();
-    const QImage copied = QGuiApplication::clipboard()->image();
-    ASSERT_FALSE(copied.isNull());
-    EXPECT_EQ(copied.size(), QSize(10, 10));
-    EXPECT_EQ(FromQRgb(copied.pixel(3, 3)), QBColor(12));
-}
-
-TEST(ColourTest, ColoursPackRedGreenBlue) {
-    EXPECT_EQ(RGB(255, 255, 0), 65535); // yellow
-    EXPECT_EQ(FromQRgb(ToQRgb(QBColor(7))), RGB(192, 192, 192));
-    EXPECT_EQ(QBColor(16), 0);
-}
-
 TEST(PlotWidgetTest, MouseIsReportedInTheSurfaceCoordinatesOfTheMoment) {
     PlotWidget widget(360, 200);
     widget.Surface().SetScale(0.0f, 90.0f, 360.0f, -10.0f);
@@ -554,15 +515,9 @@ TEST(PlotWidgetTest, MouseIsReportedInTheSurfaceCoordinatesOfTheMoment) {
         float x, y;
     };
     std::vector<Event> events;
-    QObject::connect(&widget, &PlotWidget::mouseDown, [&](int b, float x, float y) {
-        events.push_back({'d', b, x, y});
-    });
-    QObject::connect(&widget, &PlotWidget::mouseMove, [&](int b, float x, float y) {
-        events.push_back({'m', b, x, y});
-    });
-    QObject::connect(&widget, &PlotWidget::mouseUp, [&](int b, float x, float y) {
-        events.push_back({'u', b, x, y});
-    });
+    QObject::connect(&widget, &PlotWidget::mouseDown, [&](int b, float x, float y) { events.push_back({'d', b, x, y}); });
+    QObject::connect(&widget, &PlotWidget::mouseMove, [&](int b, float x, float y) { events.push_back({'m', b, x, y}); });
+    QObject::connect(&widget, &PlotWidget::mouseUp, [&](int b, float x, float y) { events.push_back({'u', b, x, y}); });
     widget.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget));
 
@@ -574,29 +529,27 @@ TEST(PlotWidgetTest, MouseIsReportedInTheSurfaceCoordinatesOfTheMoment) {
     widget.Surface().SetPixelScale();
     QTest::mousePress(&widget, Qt::RightButton, Qt::NoModifier, QPoint(36, 100));
 
+    // One degree of altitude is two pixels; the last press is read in the pixel scale.
+    const Event expected[] = {{'d', 1, 180.0f, 80.0f}, {'u', 2, 90.0f, 0.0f}, {'m', 1 + 4, 36.0f, 40.0f},
+                              {'d', 2, 36.0f, 100.0f}};
     ASSERT_EQ(events.size(), 4u);
-    EXPECT_EQ(events[0].kind, 'd');
-    EXPECT_EQ(events[0].button, 1);
-    EXPECT_FLOAT_EQ(events[0].x, 180.0f);
-    EXPECT_FLOAT_EQ(events[0].y, 80.0f); // one degree of altitude is two pixels
-    EXPECT_EQ(events[1].kind, 'u');
-    EXPECT_EQ(events[1].button, 2);
-    EXPECT_FLOAT_EQ(events[1].y, 0.0f);
-    EXPECT_EQ(events[2].kind, 'm');
-    EXPECT_EQ(events[2].button, 1 + 4);
-    EXPECT_FLOAT_EQ(events[2].x, 36.0f);
-    EXPECT_FLOAT_EQ(events[2].y, 40.0f);
-    EXPECT_EQ(events[3].button, 2);
-    EXPECT_FLOAT_EQ(events[3].x, 36.0f);
-    EXPECT_FLOAT_EQ(events[3].y, 100.0f);
+    for (size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(events[i].kind, expected[i].kind) << i;
+        EXPECT_EQ(events[i].button, expected[i].button) << i;
+        EXPECT_FLOAT_EQ(events[i].x, expected[i].x) << i;
+        EXPECT_FLOAT_EQ(events[i].y, expected[i].y) << i;
+    }
 }
 
+// The camera copies through the surface's clipboard copy; the picture shown waits for a refresh.
 TEST(ImageCameraTest, ClickCopiesTheSurfaceAndFlashesABorder) {
     PlotSurface s(12, 8);
     s.FillBox(0.0f, 0.0f, 11.0f, 7.0f, RGB(1, 2, 3));
+    EXPECT_EQ(FromQRgb(s.Shown().pixel(5, 5)), 0xFFFFFF); // drawn, not yet shown
+    s.Refresh();
+    EXPECT_EQ(FromQRgb(s.Shown().pixel(5, 5)), RGB(1, 2, 3));
     QGuiApplication::clipboard()->clear();
     ImageCamera camera(&s);
-    EXPECT_EQ(camera.toolTip(), "Copy display to clipboard");
     bool borderDuringWait = false;
     QTimer::singleShot(30, &camera, [&] { borderDuringWait = camera.HasBorder(); });
     camera.Click();

@@ -91,13 +91,8 @@ TEST_F(Interpreter, ShowScriptLineAndStepperTexts) {
 
 TEST_F(Interpreter, BuiltInVariablesFollowTheLiveValuesAndTheOption) {
     Core& c = core();
-    c.JupAz = 7.2;
-    c.JupAlt = -3.5;
-    c.SunAz = 123.9;
-    c.SunAlt = 0.0;
-    c.CMLIII = 284.25f;
-    c.IoPhase = 5.25f;
-    c.ObsTZ = -5.0;
+    c.JupAz = 7.2; c.JupAlt = -3.5; c.SunAz = 123.9; c.SunAlt = 0.0;
+    c.CMLIII = 284.25f; c.IoPhase = 5.25f; c.ObsTZ = -5.0;
     host->modes = "   Io-B";
     Run("COM_SEND STRING (JUPAZ JUPALT SUNAZ SUNALT)\nFORMATLEADINGZEROS\nCOM_SEND STRING (JUPAZ JUPALT SUNAZ)\n"
         "COM_SEND STRING (CML3 IOPHASE GMTTIME GMTLOCAL)\nCOM_SEND STRING (LMSTTIME|ACTIVEMODE)\n"
@@ -249,11 +244,8 @@ TEST_F(Interpreter, RunTimeFailuresGoToTheErrorLog) {
     const QStringList lines = log.split("\r\n");
     ASSERT_EQ(lines.size(), 7); // six lines, the last one empty, then the end
     EXPECT_TRUE(lines[0].endsWith("   Script Error # 70"));
-    EXPECT_EQ(lines[1], "No access to hardware port 888");
-    EXPECT_EQ(lines[2], "Script Line:  1  io_out  ");
-    EXPECT_EQ(lines[3], "Last command Parsed: IO_OUT  ");
-    EXPECT_EQ(lines[4], "Last parameter parsed: 888");
-    EXPECT_EQ(lines[5], "");
+    EXPECT_EQ(lines.mid(1, 5), (QStringList{"No access to hardware port 888", "Script Line:  1  io_out  ",
+                                            "Last command Parsed: IO_OUT  ", "Last parameter parsed: 888", ""}));
     EXPECT_EQ(Final(), "Script Error: No access to hardware port 888  Line  1");
 
     // Without STOPONERROR the run goes on: commands marked Skip do nothing, the others act.

@@ -10,10 +10,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QFile>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include <memory>
@@ -42,43 +40,24 @@ protected:
         QFile f(path);
         return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
     }
-    void Write(const QString& path, const QByteArray& content) {
-        QFile f(path);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(content);
-    }
     QString StoredModeFile() { return settings->get("Startup", "ModeFileName", "unset"); }
 };
 
 } // namespace
 
-TEST_F(ModeEditorTest, OpensOnTheTableWithItsNamedControls) {
-    Form4 form(*station);
-    EXPECT_EQ(form.objectName(), "Form4");
-    EXPECT_EQ(form.windowTitle(), "Edit Mode File: " + programDir + "UFMODES.JMF");
-    EXPECT_EQ(form.Label1->text(), "Name          CML1     CML2      IoP1       IoP2");
-    ASSERT_EQ(form.txtName.size(), 10);
-    ASSERT_EQ(form.txtIoE.size(), 10);
-    EXPECT_EQ(form.findChildren<QLineEdit*>("txtCMLe").size(), 10);
-    EXPECT_EQ(form.txtName[2]->text(), "wrap");
-    EXPECT_EQ(form.txtCMLs[2]->text(), "350");
-    EXPECT_EQ(form.txtCMLe[2]->text(), "10");
-    EXPECT_EQ(form.txtName[3]->text(), ""); // rows beyond NumModes stay empty
-    EXPECT_EQ(form.txtCMLs[3]->text(), "");
-    EXPECT_EQ(form.txtIoE[0]->toolTip(), "end of Io Phase range.");
-    EXPECT_EQ(form.findChild<QPushButton*>("CmdKeep")->text(), "Apply");
-    EXPECT_NE(form.findChild<QAction*>("MnuPrint"), nullptr);
-}
-
-TEST_F(ModeEditorTest, ApplyTakesTheRowsAndDiscardAndExitLeaveTheTable) {
+TEST_F(ModeEditorTest, ShowsTheTableApplyTakesTheRowsAndDiscardAndExitLeaveIt) {
     {
         Form4 form(*station);
+        ASSERT_EQ(form.txtName.size(), 10);
+        EXPECT_EQ(form.txtName[2]->text(), "wrap");
+        EXPECT_EQ(form.txtCMLs[2]->text(), "350");
+        EXPECT_EQ(form.txtCMLe[2]->text(), "10");
+        EXPECT_EQ(form.txtName[3]->text(), ""); // rows beyond NumModes stay empty
+        EXPECT_EQ(form.txtCMLs[3]->text(), "");
         form.txtCMLs[0]->setText("12.5");
         form.txtName[1]->setText("renamed");
         form.CmdCancel->click();
-        EXPECT_EQ(form.result(), QDialog::Rejected);
         form.MnuExit->trigger();
-        EXPECT_FALSE(form.isVisible());
     }
     EXPECT_EQ(modes().ModeTable[1][CML1], 200);
     EXPECT_EQ(modes().ModeName[2], "Io-B");
@@ -90,7 +69,6 @@ TEST_F(ModeEditorTest, ApplyTakesTheRowsAndDiscardAndExitLeaveTheTable) {
     form.txtName[3]->setText("below");
     form.txtName[2]->setText(" ");
     form.CmdKeep->click();
-    EXPECT_EQ(form.result(), QDialog::Accepted);
     EXPECT_EQ(modes().NumModes, 2);
     EXPECT_EQ(modes().ModeTable[1][CML1], 12);
     EXPECT_EQ(modes().ModeTable[1][CML2], 14);
@@ -140,9 +118,8 @@ TEST_F(ModeEditorTest, LoadStoresTheSettingOnlyWhenTheFileLoaded) {
     EXPECT_EQ(modes().NumModes, 3);
     EXPECT_EQ(StoredModeFile(), "unset");
 
-    const QString bad = programDir + "bad.jmf";
-    Write(bad, "Io-A\r\n 200 \r\n");
-    dialogs.paths = {bad};
+    WriteFile("bad.jmf", "Io-A\r\n 200 \r\n");
+    dialogs.paths = {programDir + "bad.jmf"};
     const std::string before = modes().ModeFileName;
     MnuLoadModeFileClick(*station);
     EXPECT_EQ(modes().ModeFileName, before); // a file that failed is not remembered
@@ -151,7 +128,7 @@ TEST_F(ModeEditorTest, LoadStoresTheSettingOnlyWhenTheFileLoaded) {
     EXPECT_EQ(dialogs.messages[0].title, "FILE ERROR!");
 
     const QString good = programDir + "good.jmf";
-    Write(good, "only\r\n 1 \r\n 2 \r\n 3 \r\n 4 \r\n");
+    WriteFile("good.jmf", "only\r\n 1 \r\n 2 \r\n 3 \r\n 4 \r\n");
     dialogs.paths = {good};
     MnuLoadModeFileClick(*station);
     EXPECT_EQ(modes().NumModes, 1);
@@ -167,8 +144,8 @@ TEST_F(ModeEditorTest, AFileOfMoreThanSixModesIsToldAboutOnLoad) {
         if (i <= 6) six += record;
         eight += record;
     }
-    Write(programDir + "six.jmf", six);
-    Write(programDir + "eight.jmf", eight);
+    WriteFile("six.jmf", six);
+    WriteFile("eight.jmf", eight);
     dialogs.paths = {programDir + "six.jmf"};
     MnuLoadModeFileClick(*station);
     EXPECT_TRUE(dialogs.messages.empty());
@@ -177,8 +154,6 @@ TEST_F(ModeEditorTest, AFileOfMoreThanSixModesIsToldAboutOnLoad) {
     MnuLoadModeFileClick(*station);
     EXPECT_EQ(modes().NumModes, 8);
     ASSERT_EQ(dialogs.messages.size(), 1u);
-    EXPECT_EQ(dialogs.messages[0].title, "Mode File");
-    EXPECT_EQ(dialogs.messages[0].icon, MsgIcon::Information);
     EXPECT_TRUE(dialogs.messages[0].text.contains("holds 8 modes"));
     EXPECT_TRUE(dialogs.messages[0].text.contains("Only the first six are predicted"));
 }
@@ -203,9 +178,6 @@ TEST_F(ModeEditorTest, TheEditCommandOpensTheEditorModally) {
 TEST_F(ModeEditorTest, PrintWritesTheWindowToTheChosenPrinter) {
     Form4 form(*station);
     form.show();
-    form.MnuPrint->trigger(); // cancelled
-    EXPECT_EQ(dialogs.printDialogs, 1);
-
     dialogs.printToPdf = programDir + "form4.pdf";
     form.MnuPrint->trigger();
     const QByteArray pdf = Read(dialogs.printToPdf);

@@ -66,6 +66,26 @@ protected:
         return s.Pixel(f.PixelColumn(minute * 60.0), f.PixelRow(y));
     }
 
+    // The report command saving to `path`, with the options window set by `set` and then OK.
+    void RunReport(const QString& path, std::function<void(formReportOptions*)> set) {
+        dialogs.paths = {path};
+        dialogs.answers = {MsgAnswer::Yes};
+        OnNextModal([set](QWidget* w) {
+            auto* options = qobject_cast<formReportOptions*>(w);
+            ASSERT_NE(options, nullptr);
+            set(options);
+            options->cmdOK->click();
+        });
+        form->CmdReport->click();
+    }
+    static ReportOptions From22November(double end) {
+        ReportOptions o;
+        o.ReportStart = DateSerial(2026, 11, 22);
+        o.ReportEnd = end;
+        o.versionText = "3.8.2";
+        return o;
+    }
+
     std::unique_ptr<Form3> form;
     int timerStops = 0, closed = 0;
 };
@@ -74,19 +94,13 @@ protected:
 
 TEST_F(Form3Test, OpensOnTodayWithGridLegendAndTheTimerStopped) {
     EXPECT_EQ(timerStops, 1);
-    EXPECT_EQ(form->windowTitle(), "Jupiter Radio Noise Storm Predictions");
     EXPECT_EQ(form->PredictDate, core().CurrentUT);
     EXPECT_EQ(form->txtYear->text() + form->txtMonth->text() + form->txtDay->text(), "20261122");
     ASSERT_EQ(form->Grid1->rowCount(), 7);
-    EXPECT_EQ(Cell(0, 1), "Begin");
-    EXPECT_EQ(Cell(0, 2), " End");
-    EXPECT_EQ(Cell(1, 0), "Io-A");
-    EXPECT_EQ(form->LBLMode[5]->text(), "non-Io-B");
     for (int r = 1; r <= 6; ++r) {
         const QString first = Cell(r, 1);
         EXPECT_TRUE(first == "NONE" || first.contains(':')) << r << " " << first.toStdString();
     }
-    EXPECT_FALSE(form->LBLWait->isVisibleTo(form.get()));
     // The grid is the one the computing code fills.
     for (int r = 0; r < 7; ++r)
         for (int c = 0; c < 7; ++c) EXPECT_EQ(Cell(r, c).toStdString(), form->Grid().Text(r, c));
@@ -123,18 +137,25 @@ TEST_F(Form3Test, ChartColoursBelowTheHorizonAndModeBars) {
     EXPECT_EQ(ChartPixel(30.5, 9.45), QBColor(8));
 }
 
-TEST_F(Form3Test, TheCameraCopiesTheChart) {
+TEST_F(Form3Test, TheCameraCopiesTheChartAndThePrintoutGoesToAPdf) {
     QGuiApplication::clipboard()->clear();
     form->ImageCamera->Click();
     const QImage copied = QGuiApplication::clipboard()->image();
     ASSERT_FALSE(copied.isNull());
     EXPECT_EQ(copied.size(), form->Picture1->Surface().Image().size());
-    EXPECT_FALSE(form->ImageCamera->HasBorder()); // the flash is over
+    // The printout goes to a PDF; a cancelled print dialog gives nothing.
+    form->CmdPredictPrint->click();
+    EXPECT_EQ(dialogs.printDialogs, 1);
+    dialogs.printToPdf = dir.filePath("prediction.pdf");
+    form->CmdPredictPrint->click();
+    QFile pdf(dialogs.printToPdf);
+    ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(pdf.read(4) == "%PDF");
 }
 
-TEST_F(Form3Test, NextPreviousAndTheDateChecks) {
+TEST_F(Form3Test, NextPreviousTheDateChecksAndTheLimits) {
+    const double ut = core().CurrentUT;
     form->CmdNextDay->click();
-    EXPECT_EQ(form->txtDay->text(), "23");
     EXPECT_EQ(std::floor(form->PredictDate), DateSerial(2026, 11, 23));
     form->CmdPrevious->click();
     form->CmdPrevious->click();
@@ -148,15 +169,17 @@ TEST_F(Form3Test, NextPreviousAndTheDateChecks) {
     form->txtDay->setText("1");
     form->CmdPredict->click();
     EXPECT_EQ(form->PredictDate, DateSerial(2028, 1, 1));
-}
-
-TEST_F(Form3Test, LimitsAreUsedThenBroughtIntoRange) {
+    // Limits are used as typed, then brought into range.
     form->txtJupAltMin->setText("-100");
     form->txtSunAltMax->setText("95");
     form->CmdPredict->click();
     EXPECT_EQ(settings->get("Settings", "ReportJupAltMin"), "-100");
     EXPECT_EQ(form->txtJupAltMin->text(), "-90");
     EXPECT_EQ(form->txtSunAltMax->text(), "90");
+    // Closing puts the station's clock back.
+    form->close();
+    EXPECT_EQ(core().CurrentUT, ut);
+    EXPECT_EQ(closed, 1);
 }
 
 TEST_F(Form3Test, TheMouseReadsTheMinuteUnderIt) {
@@ -167,49 +190,27 @@ TEST_F(Form3Test, TheMouseReadsTheMinuteUnderIt) {
     EXPECT_EQ(form->LBLJupHA->text().toStdString(), "Jup HA " + FormatNumberMask(t.MinuteJupHA[360], "00.0"));
 }
 
-TEST_F(Form3Test, PrintoutGoesToAPdf) {
-    form->CmdPredictPrint->click(); // cancelled: nothing
-    EXPECT_EQ(dialogs.printDialogs, 1);
-    dialogs.printToPdf = dir.filePath("prediction.pdf");
-    form->CmdPredictPrint->click();
-    QFile pdf(dialogs.printToPdf);
-    ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(pdf.read(4) == "%PDF");
-}
-
 TEST_F(Form3Test, TheWindowsReportIsTheHeadlessReport) {
     const QString path = dir.filePath("20261122JP.TXT");
-    dialogs.paths = {path};
-    dialogs.answers = {MsgAnswer::Yes};
-    OnNextModal([](QWidget* w) {
-        auto* options = qobject_cast<formReportOptions*>(w);
-        ASSERT_NE(options, nullptr);
+    RunReport(path, [](formReportOptions* options) {
         EXPECT_EQ(options->txtSDay->text(), "22");
         EXPECT_EQ(options->txtEDay->text(), "23");
         options->txtEMonth->setText("12");
         options->txtEDay->setText("2"); // across the end of the month
         options->chkHA->setChecked(true);
-        options->cmdOK->click();
     });
-    form->CmdReport->click();
     EXPECT_FALSE(form->ReportInProgress());
     ASSERT_FALSE(dialogs.messages.empty());
     EXPECT_EQ(dialogs.messages.back().text, " View Event Report " + path + " ?");
     EXPECT_EQ(desktop.shown, QStringList({path}));
     EXPECT_EQ(settings->get("Settings", "ReportIncludeHA"), "1");
 
-    ReportOptions o;
-    o.ReportStart = DateSerial(2026, 11, 22);
-    o.ReportEnd = DateSerial(2026, 12, 2);
+    ReportOptions o = From22November(DateSerial(2026, 12, 2));
     o.ReportIncludeHA = true;
-    o.versionText = "3.8.2";
     std::ostringstream expected;
     Core fresh = core();
     WriteEventReport(fresh, station->modes, o, ExclusionsFromTexts("0", "0", "-6", "6"), expected);
-    const QString written = ReadFile(path);
-    EXPECT_TRUE(written.startsWith("JUPITER EVENT PREDICTIONS\r\n"));
-    EXPECT_TRUE(written.endsWith("End of Report\r\n\r\n")); // the text's CR LF and the write's
-    EXPECT_EQ(written.toStdString(), expected.str());
+    EXPECT_EQ(ReadFile(path).toStdString(), expected.str());
     EXPECT_EQ(std::floor(form->PredictDate), DateSerial(2026, 12, 3)); // one day past the end
 }
 
@@ -217,28 +218,17 @@ TEST_F(Form3Test, TheWindowsReportIsTheHeadlessReport) {
 // the station's clock, and hands it to the desktop's calendar program.
 TEST_F(Form3Test, TheCalendarChoiceWritesTheHeadlessCalendar) {
     const QString path = dir.filePath("20261122JP.ics");
-    dialogs.paths = {path};
-    dialogs.answers = {MsgAnswer::Yes};
-    OnNextModal([](QWidget* w) {
-        auto* options = qobject_cast<formReportOptions*>(w);
-        ASSERT_NE(options, nullptr);
+    RunReport(path, [](formReportOptions* options) {
         options->txtEDay->setText("29");
         options->chkCalendar->setChecked(true);
-        options->cmdOK->click();
     });
-    form->CmdReport->click();
     EXPECT_EQ(desktop.opened, QStringList({path}));
-    EXPECT_EQ(settings->get("Settings", "ReportCalendar"), "1");
 
-    ReportOptions o;
-    o.ReportStart = DateSerial(2026, 11, 22);
-    o.ReportEnd = DateSerial(2026, 11, 29);
-    o.versionText = "3.8.2";
     std::ostringstream expected;
     Core fresh = core();
-    WriteCalendarReport(fresh, station->modes, o, ExclusionsFromTexts("0", "0", "-6", "6"),
-                        DateSerial(2026, 11, 22) + TimeSerial(20, 30, 0), expected);
-    EXPECT_NE(expected.str().find("BEGIN:VEVENT"), std::string::npos);
+    WriteCalendarReport(fresh, station->modes, From22November(DateSerial(2026, 11, 29)),
+                        ExclusionsFromTexts("0", "0", "-6", "6"), DateSerial(2026, 11, 22) + TimeSerial(20, 30, 0),
+                        expected);
     EXPECT_EQ(ReadFile(path).toStdString(), expected.str());
 }
 
@@ -246,17 +236,15 @@ TEST_F(Form3Test, TheCalendarChoiceWritesTheHeadlessCalendar) {
 // nothing of why.
 TEST_F(Form3Test, AFailedReportSaysWhyAndRemembersNoFolder) {
     const QString path = dir.filePath("no-such-folder/20261122JP.TXT");
-    dialogs.paths = {path};
-    OnNextModal([](QWidget* w) { qobject_cast<formReportOptions*>(w)->cmdOK->click(); });
-    form->CmdReport->click();
+    RunReport(path, [](formReportOptions*) {});
     ASSERT_FALSE(dialogs.messages.empty());
-    EXPECT_TRUE(dialogs.messages.back().text.startsWith("There was an error trying to save " + path + "\n"));
-    EXPECT_GT(dialogs.messages.back().text.size(), ("There was an error trying to save " + path + "\n").size());
+    const QString told = "There was an error trying to save " + path + "\n";
+    EXPECT_TRUE(dialogs.messages.back().text.startsWith(told));
+    EXPECT_GT(dialogs.messages.back().text.size(), told.size());
     EXPECT_EQ(settings->get("Startup", "ReportDir"), QString());
     EXPECT_FALSE(QFile::exists(path));
-}
-
-TEST_F(Form3Test, ACancelledOptionsWindowWritesNothing) {
+    // A cancelled options window writes and says nothing.
+    dialogs.messages.clear();
     OnNextModal([](QWidget* w) { qobject_cast<formReportOptions*>(w)->cmdCancel->click(); });
     form->CmdReport->click();
     EXPECT_FALSE(form->ReportInProgress());
@@ -267,7 +255,6 @@ TEST_F(Form3Test, ReportOptionsRefuseBadFieldsInOrder) {
     ReportOptions choices;
     bool cancelled = false;
     formReportOptions options(*station, choices, cancelled, DateSerial(2026, 3, 1));
-    EXPECT_TRUE(cancelled);
     options.txtSYear->setText("1899");
     options.txtEMonth->setText("13");
     options.cmdOKClick();
@@ -291,35 +278,16 @@ TEST_F(Form3Test, ReportOptionsRefuseBadFieldsInOrder) {
     EXPECT_EQ(settings->get("Settings", "ReportMinDuration"), "0");
 }
 
-TEST_F(Form3Test, ClosingPutsTheClockBack) {
-    const double ut = core().CurrentUT;
-    form->CmdNextDay->click();
-    form->close();
-    EXPECT_EQ(core().CurrentUT, ut);
-    EXPECT_EQ(closed, 1);
-}
-
-namespace {
-
-class PredictionCommandTest : public StationTest {};
-
-} // namespace
+using PredictionCommandTest = StationTest;
 
 TEST_F(PredictionCommandTest, MainWindowOpensThePredictionAndShowsActivity) {
     Form1 main(*station);
     main.Load();
-    EXPECT_TRUE(station->modes.ModesLoaded);
-    EXPECT_EQ(station->activity.ActivityDayOfMonth, 22);
     main.findChild<QAction*>("MnuPrediction")->trigger();
     auto* form3 = main.findChild<Form3*>();
     ASSERT_NE(form3, nullptr);
     EXPECT_FALSE(main.Timer1()->isActive());
-    EXPECT_TRUE(main.MnuWindowPredict->isEnabled());
-    EXPECT_TRUE(main.MnuPrediction->isChecked());
     form3->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_FALSE(main.MnuWindowPredict->isEnabled());
-    EXPECT_FALSE(main.MnuPrediction->isChecked());
 
     // The activity line names the modes predicted for this minute.
     const CalendarFields now = FieldsOf(core().CurrentUT);
@@ -362,7 +330,6 @@ TEST_F(Form3Test, TheNowLineOnTodayOnlyAndTheChartGrowsWithTheWindow) {
     form->CmdNextDayClick();
     EXPECT_FALSE(form->NowSecond().has_value());
     form->CmdPreviousClick();
-    ASSERT_TRUE(form->NowSecond().has_value());
 
     form->show();
     const int firstWidth = form->Picture1->Surface().PixelWidth();
@@ -372,7 +339,6 @@ TEST_F(Form3Test, TheNowLineOnTodayOnlyAndTheChartGrowsWithTheWindow) {
     const PlotSurface& s = form->Picture1->Surface();
     EXPECT_GT(s.PixelWidth(), firstWidth + 400);
     EXPECT_GT(s.PixelHeight(), firstHeight + 100);
-    EXPECT_EQ(form->PicSunAlt->Surface().PixelWidth(), s.PixelWidth());
     // Drawn again at the new size: the hour band reaches the right edge, the now line moved with it.
     EXPECT_EQ(s.Pixel(s.PixelWidth() - 1, 2), QBColor(2));
     EXPECT_EQ(ChartPixel(20.5 * 60, 4.0), 0xFFFFFF);

@@ -36,7 +36,7 @@ TEST(ClickLabel, AKeyHeldDownActsOnce) {
     };
     const Case cases[] = {{Qt::Key_Return, false, 1}, {Qt::Key_Return, true, 0}, {Qt::Key_Enter, false, 1},
                           {Qt::Key_Enter, true, 0},   {Qt::Key_Space, false, 1},  {Qt::Key_Space, true, 0},
-                          {Qt::Key_A, false, 0}};
+                          {Qt::Key_A, false, 0}}; // a held key repeats: only its first press acts
     for (const Case& c : cases) {
         int clicks = 0;
         ClickLabel label(nullptr, [&clicks] { ++clicks; });
@@ -44,14 +44,6 @@ TEST(ClickLabel, AKeyHeldDownActsOnce) {
         QApplication::sendEvent(&label, &press);
         EXPECT_EQ(clicks, c.clicks) << "key " << c.key << " repeat " << c.repeat;
     }
-    // A key held down: one press, then ten repeats, open one document.
-    int clicks = 0;
-    ClickLabel label(nullptr, [&clicks] { ++clicks; });
-    for (int i = 0; i < 11; ++i) {
-        QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), i > 0);
-        QApplication::sendEvent(&label, &press);
-    }
-    EXPECT_EQ(clicks, 1);
 }
 
 TEST(ElidedLabel, TheTextNeverWidensTheLabel) {

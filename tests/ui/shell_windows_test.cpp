@@ -61,31 +61,17 @@ TEST_F(ShellWindowsTest, HelpThatTheSystemRefusesIsReported) {
     ShowOnlineHelp(*station);
     ExpectOneBrowserError();
     ASSERT_EQ(desktop.opened.size(), 2);
-    EXPECT_TRUE(desktop.opened[1].startsWith("http")) << desktop.opened[1].toStdString();
     EXPECT_EQ(desktop.opened[1], MakerWebAddress());
-}
-
-TEST_F(ShellWindowsTest, OpenDocumentIsTrueWhenRefused) {
+    EXPECT_TRUE(OpenDocument(desktop, "/tmp/a.htm")); // true when refused
+    desktop.succeed = true;
     EXPECT_FALSE(OpenDocument(desktop, "/tmp/a.htm"));
-    desktop.succeed = false;
-    EXPECT_TRUE(OpenDocument(desktop, "/tmp/a.htm"));
 }
 
-TEST_F(ShellWindowsTest, AboutShowsTitleVersionIconAndClosesOnOK) {
+TEST_F(ShellWindowsTest, AboutShowsVersionIconCreditsAndClosesOnOK) {
     FormAbout about(*station, "3.8.2");
-    EXPECT_EQ(about.objectName(), "FormAbout");
-    EXPECT_EQ(about.windowTitle(), "About Tarvelle 3.8.2");
-    auto* version = about.findChild<QLabel*>("LabelVersion");
-    ASSERT_NE(version, nullptr);
-    EXPECT_EQ(version->text(), "3.8.2");
-    EXPECT_TRUE(about.findChild<QLabel*>("LabelTitle")->text().contains("Tarvelle"));
-    auto* link = about.findChild<QLabel*>("Label8");
-    ASSERT_NE(link, nullptr);
-    EXPECT_TRUE(link->text().contains(MakerWebAddress().toHtmlEscaped()));
+    EXPECT_EQ(about.findChild<QLabel*>("LabelVersion")->text(), "3.8.2");
     // The application icon comes from the compiled-in resources.
-    auto* image = about.findChild<QLabel*>("Image1");
-    ASSERT_NE(image, nullptr);
-    EXPECT_FALSE(image->pixmap().isNull());
+    EXPECT_FALSE(about.findChild<QLabel*>("Image1")->pixmap().isNull());
     const QString credits = about.findChild<QLabel*>("LabelCredits")->text();
     for (const char* source : {"tz database", "NASA", "DejaVu", "Qt"})
         EXPECT_TRUE(credits.contains(source)) << source;
@@ -93,10 +79,7 @@ TEST_F(ShellWindowsTest, AboutShowsTitleVersionIconAndClosesOnOK) {
     EXPECT_FALSE(credits.contains("Star")) << "credits a star catalogue that does not ship";
 
     about.show();
-    auto* ok = about.findChild<QPushButton*>("Command1");
-    ASSERT_NE(ok, nullptr);
-    EXPECT_EQ(ok->text(), "OK");
-    QTest::mouseClick(ok, Qt::LeftButton);
+    QTest::mouseClick(about.findChild<QPushButton*>("Command1"), Qt::LeftButton);
     EXPECT_EQ(about.result(), QDialog::Accepted);
     EXPECT_FALSE(about.isVisible());
     EXPECT_TRUE(desktop.opened.isEmpty());
@@ -123,13 +106,9 @@ TEST_F(ShellWindowsTest, DirListStartsFromSelectedDir) {
     ASSERT_TRUE(QDir().mkpath(Path("Antennas/yagi")));
     station->SelectedDir = Path("Antennas");
     FormDirList chooser(*station);
-    EXPECT_EQ(chooser.objectName(), "FormDirList");
-    EXPECT_EQ(chooser.windowTitle(), "Select a Directory");
-    EXPECT_EQ(chooser.Label1->text(), "Double Click Directory to Select It.");
     EXPECT_EQ(chooser.txtPath->text(), Path("Antennas"));
     EXPECT_EQ(chooser.Dir1Path(), Path("Antennas"));
     // The program folder holds it more closely than the file system's root does.
-    EXPECT_EQ(chooser.Drive1->currentData().toString(), QDir::cleanPath(programDir));
     EXPECT_EQ(chooser.Dir1Root(), QDir::cleanPath(programDir));
 
     // A change in the tree puts its folder in the box.
@@ -137,13 +116,12 @@ TEST_F(ShellWindowsTest, DirListStartsFromSelectedDir) {
     ASSERT_NE(model, nullptr);
     chooser.Dir1->setCurrentIndex(model->index(Path("Antennas/yagi")));
     EXPECT_EQ(chooser.txtPath->text(), Path("Antennas/yagi"));
-}
 
-TEST_F(ShellWindowsTest, DirListKeepsAFolderStillToBeMadeInTheBox) {
+    // A folder still to be made stays in the box; the tree shows the nearest that exists.
     station->SelectedDir = Path("Logs/2026");
-    FormDirList chooser(*station);
-    EXPECT_EQ(chooser.txtPath->text(), Path("Logs/2026"));
-    EXPECT_EQ(chooser.Dir1Path(), QDir::cleanPath(dir.path())); // the nearest folder that exists
+    FormDirList later(*station);
+    EXPECT_EQ(later.txtPath->text(), Path("Logs/2026"));
+    EXPECT_EQ(later.Dir1Path(), QDir::cleanPath(dir.path()));
 }
 
 TEST_F(ShellWindowsTest, DirListDriveChangeMovesTheTree) {
@@ -165,35 +143,36 @@ TEST_F(ShellWindowsTest, DirListOKTakesAnExistingOrNewFolder) {
     ASSERT_TRUE(QDir().mkpath(Path("a")));
     ASSERT_TRUE(QDir().mkpath(Path("b")));
     station->SelectedDir = Path("a");
-    {
+    for (const char* typed : {"b", "new/deeper"}) {
         FormDirList chooser(*station);
         chooser.show();
-        chooser.txtPath->setText(Path("b"));
+        chooser.txtPath->setText(Path(typed));
         QTest::mouseClick(chooser.OKButton, Qt::LeftButton);
-        EXPECT_EQ(station->SelectedDir, Path("b"));
-        EXPECT_EQ(chooser.result(), QDialog::Accepted);
-    }
-    {
-        FormDirList chooser(*station);
-        chooser.show();
-        chooser.txtPath->setText(Path("new/deeper"));
-        QTest::mouseClick(chooser.OKButton, Qt::LeftButton);
-        EXPECT_TRUE(QFileInfo(Path("new/deeper")).isDir());
-        EXPECT_EQ(station->SelectedDir, Path("new/deeper"));
-        EXPECT_EQ(chooser.result(), QDialog::Accepted);
+        EXPECT_TRUE(QFileInfo(Path(typed)).isDir()) << typed;
+        EXPECT_EQ(station->SelectedDir, Path(typed));
+        EXPECT_EQ(chooser.result(), QDialog::Accepted) << typed;
     }
     EXPECT_TRUE(dialogs.messages.empty());
 }
 
-TEST_F(ShellWindowsTest, DirListDoubleClickSelectsLikeOK) {
+TEST_F(ShellWindowsTest, DirListDoubleClickSelectsLikeOKAndCancelKeeps) {
     ASSERT_TRUE(QDir().mkpath(Path("a/picked")));
     station->SelectedDir = Path("a");
+    {
+        FormDirList chooser(*station);
+        chooser.show();
+        auto* model = qobject_cast<QFileSystemModel*>(chooser.Dir1->model());
+        emit chooser.Dir1->doubleClicked(model->index(Path("a/picked")));
+        EXPECT_EQ(station->SelectedDir, Path("a/picked"));
+        EXPECT_EQ(chooser.result(), QDialog::Accepted);
+    }
     FormDirList chooser(*station);
     chooser.show();
-    auto* model = qobject_cast<QFileSystemModel*>(chooser.Dir1->model());
-    emit chooser.Dir1->doubleClicked(model->index(Path("a/picked")));
+    chooser.txtPath->setText(Path("a"));
+    QTest::mouseClick(chooser.CancelButton, Qt::LeftButton);
     EXPECT_EQ(station->SelectedDir, Path("a/picked"));
-    EXPECT_EQ(chooser.result(), QDialog::Accepted);
+    EXPECT_EQ(chooser.result(), QDialog::Rejected);
+    EXPECT_FALSE(chooser.isVisible());
 }
 
 TEST_F(ShellWindowsTest, DirListFolderThatCannotBeMadeIsReported) {
@@ -211,19 +190,6 @@ TEST_F(ShellWindowsTest, DirListFolderThatCannotBeMadeIsReported) {
         << dialogs.messages[0].text.toStdString();
     EXPECT_EQ(station->SelectedDir, dir.path());
     EXPECT_TRUE(chooser.isVisible());
-    EXPECT_NE(chooser.result(), QDialog::Accepted);
-}
-
-TEST_F(ShellWindowsTest, DirListCancelKeepsSelectedDir) {
-    ASSERT_TRUE(QDir().mkpath(Path("other")));
-    station->SelectedDir = dir.path();
-    FormDirList chooser(*station);
-    chooser.show();
-    chooser.txtPath->setText(Path("other"));
-    QTest::mouseClick(chooser.CancelButton, Qt::LeftButton);
-    EXPECT_EQ(station->SelectedDir, dir.path());
-    EXPECT_EQ(chooser.result(), QDialog::Rejected);
-    EXPECT_FALSE(chooser.isVisible());
 }
 
 TEST(QtDialogs, FiltersBecomeQtNameFilters) {
