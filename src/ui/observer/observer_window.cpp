@@ -1,4 +1,5 @@
 #include "ui/observer/observer_window.h"
+#include "ui/common/named_controls.h"
 
 #include "core/numeric.h"
 #include "station/file_messages.h"
@@ -65,17 +66,8 @@ void FormObserver::BuildControls() {
         connect(edit, &QLineEdit::textChanged, this, &FormObserver::BoxChanged);
         return edit;
     };
-    auto button = [this](const char* name, const char* caption) {
-        auto* b = new QPushButton(QString::fromUtf8(caption), this);
-        b->setObjectName(name);
-        b->setAutoDefault(false);
-        return b;
-    };
-    auto label = [this](const char* name, const char* text) {
-        auto* l = new QLabel(QString::fromUtf8(text), this);
-        l->setObjectName(name);
-        return l;
-    };
+    auto button = [this](const char* name, const char* caption) { return NamedButton(this, name, caption); };
+    auto label = [this](const char* name, const char* text) { return NamedLabel(this, name, text); };
 
     Picture1 = label("Picture1", "");
     Picture1->setPixmap(QPixmap(":/pictures/worldmap.png"));

@@ -1,4 +1,5 @@
 #include "ui/prediction/cmio_plane_window.h"
+#include "ui/common/named_controls.h"
 
 #include "core/date_value.h"
 #include "ui/common/image_camera.h"
@@ -89,11 +90,7 @@ void FormCMIoPlane::BuildControls() {
     cmdProbHelp->setToolTip("About CML, Io phase and this plane");
     cmdProbHelp->setFixedWidth(28);
     ImageCamera = new class ImageCamera(&Pic1->Surface(), this);
-    auto label = [this](const char* name, const char* text) {
-        auto* l = new QLabel(text, this);
-        if (name) l->setObjectName(name);
-        return l;
-    };
+    auto label = [this](const char* name, const char* text) { return NamedLabel(this, name, text); };
     LBLCML = label("LBLCML", "CML: ");
     LBLioPhase = label("LBLioPhase", "Io Phase: ");
     LBLProb = label("LBLProb", "Prob: ");

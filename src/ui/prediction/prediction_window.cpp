@@ -1,4 +1,5 @@
 #include "ui/prediction/prediction_window.h"
+#include "ui/common/named_controls.h"
 
 #include "ui/common/plot_widget.h"
 #include "ui/prediction/prediction_chart.h"
@@ -72,23 +73,9 @@ Form3::Form3(Station& station, std::function<void()> stopMainTimer, std::functio
 }
 
 void Form3::BuildControls() {
-    auto label = [this](const char* name, const char* text) {
-        auto* l = new QLabel(QString::fromUtf8(text), this);
-        if (name) l->setObjectName(name);
-        return l;
-    };
-    auto field = [this](const char* name, int width) {
-        auto* box = new QLineEdit(this);
-        box->setObjectName(name);
-        box->setFixedWidth(width);
-        return box;
-    };
-    auto button = [this](const char* name, const char* caption) {
-        auto* b = new QPushButton(caption, this);
-        b->setObjectName(name);
-        b->setAutoDefault(false);
-        return b;
-    };
+    auto label = [this](const char* name, const char* text) { return NamedLabel(this, name, text); };
+    auto field = [this](const char* name, int width) { return NamedField(this, name, width); };
+    auto button = [this](const char* name, const char* caption) { return NamedButton(this, name, caption); };
 
     LblPrintTitle = label("LblPrintTitle", "Jupiter Radio Noise Storm Prediction");
     QFont title = LblPrintTitle->font();

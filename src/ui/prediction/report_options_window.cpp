@@ -1,4 +1,5 @@
 #include "ui/prediction/report_options_window.h"
+#include "ui/common/named_controls.h"
 
 #include "core/date_value.h"
 #include "core/numeric.h"
@@ -38,12 +39,7 @@ formReportOptions::formReportOptions(Station& station, ReportOptions& choices, b
     : QDialog(parent), st_(station), choices_(choices), reportCancelled_(reportCancelled) {
     setObjectName("formReportOptions");
     setWindowTitle("Report Options");
-    auto field = [this](const char* name, int width) {
-        auto* box = new QLineEdit(this);
-        box->setObjectName(name);
-        box->setFixedWidth(width);
-        return box;
-    };
+    auto field = [this](const char* name, int width) { return NamedField(this, name, width); };
     txtSYear = field("txtSYear", 56);
     txtSMonth = field("txtSMonth", 36);
     txtSDay = field("txtSDay", 36);
