@@ -72,6 +72,16 @@ double DateSerial(int year, int month, int day) {
     return static_cast<double>(DaysFromCivil(y, m, 1) - kEpochFrom1970 + day - 1);
 }
 
+std::optional<double> CheckedDateSerial(double year, double month, double day) {
+    // Bounds that keep the carries within an int; the result's year decides.
+    if (!(std::fabs(year) <= 1e5 && std::fabs(month) <= 1e6 && std::fabs(day) <= 1e7)) return std::nullopt;
+    const double t = DateSerial(static_cast<int>(RoundHalfEven(year)), static_cast<int>(RoundHalfEven(month)),
+                                static_cast<int>(RoundHalfEven(day)));
+    const int y = FieldsOf(t).year;
+    if (y < kFirstDateYear || y > kLastDateYear) return std::nullopt;
+    return t;
+}
+
 double TimeSerial(double hour, double minute, double second) {
     return (hour * 3600.0 + minute * 60.0 + second) / 86400.0;
 }

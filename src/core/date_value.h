@@ -21,6 +21,13 @@ CalendarFields FieldsOf(double dateValue);
 // 13 is January of the next year and 31 April is 1 May.
 double DateSerial(int year, int month, int day);
 
+// The years a date typed by a user may fall in; beyond them date arithmetic fails.
+inline constexpr int kFirstDateYear = 100, kLastDateYear = 9999;
+
+// DateSerial of numbers typed by a user (rounded halves to even), or nothing when the date they
+// make falls outside kFirstDateYear..kLastDateYear or a number is not finite.
+std::optional<double> CheckedDateSerial(double year, double month, double day);
+
 // The fraction of a day of hours, minutes and seconds; out-of-range values carry.
 double TimeSerial(double hour, double minute, double second);
 

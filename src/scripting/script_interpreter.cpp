@@ -86,7 +86,7 @@ std::optional<double> ScriptDate(const std::string& parameter) {
     const auto f = Fields(TokenWith(parameter, '/'), '/');
     if (!f || f->size() != 3) return std::nullopt;
     const int y = (*f)[0], m = (*f)[1], d = (*f)[2];
-    if (y < 100 || m < 1 || m > 12 || d < 1) return std::nullopt;
+    if (y < kFirstDateYear || y > kLastDateYear || m < 1 || m > 12 || d < 1) return std::nullopt;
     const double date = DateSerial(y, m, d);
     if (FieldsOf(date).day != d) return std::nullopt; // 31 April is no date here
     return date;

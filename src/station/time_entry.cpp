@@ -13,16 +13,6 @@ namespace {
 // A box read as a whole number.
 double WholeValue(const std::string& box) { return RoundHalfEven(ValueOfText(box)); }
 
-// DateSerial of values typed by a user: beyond the range of dates the program can hold, it
-// fails as date arithmetic does.
-std::optional<double> CheckedDate(double year, double month, double day) {
-    if (std::fabs(month) > 1e6 || std::fabs(day) > 1e7) return std::nullopt;
-    const double t = DateSerial(static_cast<int>(year), static_cast<int>(month), static_cast<int>(day));
-    const int y = FieldsOf(t).year;
-    if (y < 100 || y > 9999) return std::nullopt;
-    return t;
-}
-
 } // namespace
 
 void PutDateInBoxes(DateTimeBoxes& boxes, double t) {
@@ -47,7 +37,10 @@ double DateFromBoxes(DateTimeBoxes& boxes, double today, std::vector<std::string
         messages.emplace_back("Invalid Year {1900-3000} - Using Todays Date Instead.");
         PutDateInBoxes(boxes, today);
     }
-    if (const auto t = CheckedDate(WholeValue(boxes.Y), WholeValue(boxes.M), WholeValue(boxes.D))) return *t;
+    if (const auto t = CheckedDateSerial(ValueOfText(boxes.Y), ValueOfText(boxes.M), ValueOfText(boxes.D))) {
+        PutDateInBoxes(boxes, *t); // 13/32 shows as the date it became
+        return *t;
+    }
     messages.emplace_back("Date Error: \nInvalid procedure call or argument\nUsing todays date instead.");
     PutDateInBoxes(boxes, today);
     return today;

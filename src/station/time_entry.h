@@ -43,6 +43,9 @@ template <typename Field> std::array<Field, 3> InDateOrder(int dateFormatChoice,
     return {fields[o.order[0]], fields[o.order[1]], fields[o.order[2]]};
 }
 
+// Said when a step from a valid date would pass the last year a date may have.
+inline constexpr const char* kDatesAfterLastYear = "Dates After 9999 are not permitted.";
+
 inline constexpr const char* kTimeFormatErrorTitle = "Time Format Error";
 inline constexpr const char* kTimeFormatErrorText =
     "You entered a time that could not be interpreted. Please re-enter.";

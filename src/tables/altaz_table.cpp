@@ -11,9 +11,8 @@ namespace tarvelle {
 
 namespace {
 
-double DateOfFields(const std::string& y, const std::string& m, const std::string& d) {
-    auto whole = [](const std::string& t) { return static_cast<int>(RoundHalfEven(ValueOfText(t))); };
-    return DateSerial(whole(y), whole(m), whole(d));
+std::optional<double> DateOfFields(const std::string& y, const std::string& m, const std::string& d) {
+    return CheckedDateSerial(ValueOfText(y), ValueOfText(m), ValueOfText(d));
 }
 
 // The whole-day part of an instant as its calendar fields give it, seconds rounded with carry.
@@ -63,6 +62,12 @@ AltAzTableResult WriteAltAzTable(Core& core, const AltAzTableInput& in, const st
         result.message = "The time increment must be more than 0 minutes.";
         return result;
     }
+    const std::optional<double> start = DateOfFields(in.startYear, in.startMonth, in.startDay);
+    const std::optional<double> end = DateOfFields(in.endYear, in.endMonth, in.endDay);
+    if (!start || !end) {
+        result.message = "Invalid Date";
+        return result;
+    }
     std::ofstream file;
     if (in.randomAccess)
         file.open(path, std::ios::binary | std::ios::app);
@@ -72,11 +77,10 @@ AltAzTableResult WriteAltAzTable(Core& core, const AltAzTableInput& in, const st
 
     const float keptLST = core.LST;
     core.SaveCurrentTime();
-    core.CurrentUT = DateOfFields(in.startYear, in.startMonth, in.startDay);
-    const double end = DateOfFields(in.endYear, in.endMonth, in.endDay);
+    core.CurrentUT = *start;
     const double perDay = 1440.0 / step;
     if (!in.randomAccess && file) file << TextTableHeading(in) << '\n';
-    while (DayOf(core.CurrentUT) <= end) {
+    while (DayOf(core.CurrentUT) <= *end) {
         core.UpdateSiderealTime();
         core.UpdateSunJupiterPositions();
         core.UpdateHorizonCoords();

@@ -91,10 +91,17 @@ TEST_F(AltAzTable, RecordsAreFixedLengthTextOfTheMomentAndAppend) {
     EXPECT_TRUE(negative) << "Jupiter sets that day: its altitude takes a minus and the record stays 18 bytes";
 }
 
-TEST_F(AltAzTable, AZeroStepIsRefusedAndWritesNothing) {
-    for (const char* step : {"0", "abc", "-10"}) {
-        const AltAzTableResult r = WriteAltAzTable(core_, {"2024", "1", "1", "2024", "1", "1", step}, path_);
-        EXPECT_FALSE(r.message.empty()) << step;
+// A step of nothing, or a date beyond the years a date may have, is refused before the file
+// is touched (a year of 1e12 once overflowed the date arithmetic).
+TEST_F(AltAzTable, ABadStepOrDateIsRefusedAndWritesNothing) {
+    const AltAzTableInput bad[] = {
+        {"2024", "1", "1", "2024", "1", "1", "0"},      {"2024", "1", "1", "2024", "1", "1", "abc"},
+        {"2024", "1", "1", "2024", "1", "1", "-10"},    {"2024", "1", "1", "10000", "1", "1", "60"},
+        {"1e12", "1", "1", "2024", "1", "1", "60"},     {"2024", "1", "1", "9999", "12", "32", "60"},
+    };
+    for (const AltAzTableInput& in : bad) {
+        const AltAzTableResult r = WriteAltAzTable(core_, in, path_);
+        EXPECT_FALSE(r.message.empty()) << in.startYear << " " << in.endYear << " " << in.stepMinutes;
         EXPECT_FALSE(std::filesystem::exists(path_));
     }
 }
