@@ -221,6 +221,7 @@ int Report(const Options& options, std::ostream& err) {
     report.jupAltMinText = TextOption(options, "jup-alt-min", "0");
     report.sunAltMaxText = TextOption(options, "sun-alt-max", "0");
     report.versionText = kVersionText;
+    if (const std::string refusal = ReportTextRefusal(core, report); !refusal.empty()) throw UsageError(refusal);
     ModeTableState modes;
     LoadModes(modes, options, err);
 

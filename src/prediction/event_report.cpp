@@ -10,10 +10,10 @@ namespace tarvelle {
 
 namespace {
 
-// A typed text as a report line may hold it: no control bytes, and no more than a field's worth.
+// A typed text as a report line may hold it: no control bytes.
 std::string Printable(const std::string& text) {
     std::string out;
-    for (const char c : text.substr(0, 64))
+    for (const char c : text)
         if (static_cast<unsigned char>(c) >= 32 && c != 127) out += c;
     return out;
 }
@@ -36,6 +36,18 @@ std::string Line(const std::string& text) {
 }
 
 } // namespace
+
+std::string ReportTextRefusal(const Core& core, const ReportOptions& o) {
+    const std::pair<const char*, const std::string*> texts[] = {{"longitude", &core.ObLngText},
+                                                                {"latitude", &core.ObLatText},
+                                                                {"Jupiter altitude limit", &o.jupAltMinText},
+                                                                {"Sun altitude limit", &o.sunAltMaxText}};
+    for (const auto& [name, text] : texts)
+        if (text->size() > kMaxReportHeaderText)
+            return std::string("The ") + name + " text is too long for the report (" + std::to_string(text->size()) +
+                   " characters, at most " + std::to_string(kMaxReportHeaderText) + ").";
+    return {};
+}
 
 std::string ReportHeaderText(Core& core, const ReportOptions& o) {
     const std::string start = core.FormatDateByChoice(o.ReportStart);

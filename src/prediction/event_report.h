@@ -44,6 +44,14 @@ inline constexpr const char* kReportSpanReversed = "You entered a which occurs e
 // ("Invalid Start Year", ...), or an empty text with start and end set to the two dates.
 std::string CheckReportSpan(const ReportSpanNumbers& span, double& start, double& end);
 
+// The longest typed text a report header takes (a limit, a latitude or longitude text).
+inline constexpr size_t kMaxReportHeaderText = 64;
+
+// Why the typed texts of a report's header cannot go into the file (one longer than
+// kMaxReportHeaderText, naming it), or an empty text when they can. Control bytes are
+// dropped from the header rather than refused.
+std::string ReportTextRefusal(const Core& core, const ReportOptions& options);
+
 // The header's seven writes. Sets DateHeading through FormatDateByChoice.
 std::string ReportHeaderText(Core& core, const ReportOptions& options);
 

@@ -134,6 +134,22 @@ TEST(ReportHeader, EachDateOrderAndTheMinimum) {
     EXPECT_NE(ReportHeaderText(c, o).find("Longitude 76:30:00 E     Latitude"), std::string::npos);
 }
 
+// Typed texts reach the header without control bytes; one too long for it is refused, naming
+// it, rather than cut or written whole.
+TEST(ReportHeader, TypedTextsAreCleanedOrRefused) {
+    Core c = Observer();
+    ReportOptions o = Span(DateSerial(2024, 2, 27), DateSerial(2024, 3, 1));
+    o.jupAltMinText = "-9\x01" "0\r\n";
+    EXPECT_EQ(ReportTextRefusal(c, o), "");
+    EXPECT_NE(ReportHeaderText(c, o).find("below -90 deg.\r\n"), std::string::npos);
+    o.jupAltMinText = std::string(kMaxReportHeaderText, '0');
+    EXPECT_EQ(ReportTextRefusal(c, o), "");
+    o.sunAltMaxText = std::string(100000, '0') + "5";
+    EXPECT_EQ(ReportTextRefusal(c, o), "The Sun altitude limit text is too long for the report (100001 characters, at most 64).");
+    c.ObLatText = std::string(65, ' ') + "39:15:00";
+    EXPECT_NE(ReportTextRefusal(c, o).find("The latitude text"), std::string::npos);
+}
+
 TEST(ReportRows, CellsOfTenAndNoneEndsTheLine) {
     const PredictionGrid g = ThreeModeGrid();
     EXPECT_EQ(ReportRowText(g, 0), kHeading);
