@@ -4,6 +4,7 @@
 #include "formats/observer_record.h"
 
 #include "formats/file_io.h"
+#include "station/atomic_file.h"
 
 #include <gtest/gtest.h>
 
@@ -14,6 +15,9 @@
 #include <fstream>
 #include <iterator>
 
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -188,4 +192,70 @@ TEST(WriteFileAtomically, AWriterKilledMidFileLeavesTheOldFileWhole) {
     std::ifstream in(path, std::ios::binary);
     const std::string kept((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
     EXPECT_EQ(kept, "the old report\r\n");
+}
+
+namespace {
+
+// Makes the disk under folder full for this process: a 64 KiB file system of its own (in a
+// mount namespace) or, where the machine allows no such thing, a limit on the size of files.
+bool FillTheDisk(const std::string& folder, bool ownFileSystem) {
+    if (!ownFileSystem) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{32768, 32768};
+        return setrlimit(RLIMIT_FSIZE, &limit) == 0;
+    }
+    const std::string uid = std::to_string(getuid()), gid = std::to_string(getgid());
+    if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return false;
+    std::ofstream("/proc/self/setgroups") << "deny";
+    std::ofstream("/proc/self/uid_map") << "0 " << uid << " 1";
+    std::ofstream("/proc/self/gid_map") << "0 " << gid << " 1";
+    return mount("tmpfs", folder.c_str(), "tmpfs", 0, "size=64k") == 0;
+}
+
+} // namespace
+
+// A save that meets a full disk says why and leaves the old file whole, with no leftover, for
+// both writers: the one of tarvelle-cli and the files, and the one of the windows. Each case
+// runs in a child process, which reports the first check that failed by its exit status.
+TEST(WriteFileAtomically, AFullDiskLeavesTheOldFileWholeAndSaysWhy) {
+    enum Exit { Passed = 0, Claimed = 1, Silent = 2, OldFileChanged = 3, LeftOver = 4, Unfillable = 77 };
+    for (const bool ownFileSystem : {true, false})
+        for (const bool qtWriter : {false, true}) {
+            SCOPED_TRACE(std::string(ownFileSystem ? "full file system" : "file size limit") +
+                         (qtWriter ? ", window writer" : ", file writer"));
+            QTemporaryDir dir;
+            const std::string folder = dir.filePath("disk").toStdString();
+            std::filesystem::create_directory(folder);
+            const std::string path = folder + "/observer log.txt", old = "the old log\r\n";
+            const std::string bytes(size_t{200} << 10, 'x');
+            const pid_t child = fork();
+            ASSERT_GE(child, 0);
+            if (child == 0) {
+                if (!FillTheDisk(folder, ownFileSystem)) _exit(Unfillable);
+                std::ofstream(path, std::ios::binary) << old;
+                QString qtError;
+                FileFailure failure;
+                if (qtWriter) {
+                    if (SaveFileAtomically(QString::fromStdString(path), bytes, qtError)) _exit(Claimed);
+                    failure.description = qtError.toStdString();
+                } else {
+                    failure = WriteFileAtomically(path, bytes);
+                    if (failure.number == 0) _exit(Claimed);
+                }
+                if (failure.description.empty()) _exit(Silent);
+                std::ifstream in(path, std::ios::binary);
+                if (std::string(std::istreambuf_iterator<char>(in), {}) != old) _exit(OldFileChanged);
+                int files = 0;
+                for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(folder)) ++files;
+                _exit(files == 1 ? Passed : LeftOver);
+            }
+            int status = 0;
+            waitpid(child, &status, 0);
+            ASSERT_TRUE(WIFEXITED(status));
+            if (WEXITSTATUS(status) == Unfillable) {
+                EXPECT_TRUE(ownFileSystem) << "a file size limit can always be set";
+                continue; // no mount namespace here; the file size limit still runs
+            }
+            EXPECT_EQ(WEXITSTATUS(status), Passed);
+        }
 }
