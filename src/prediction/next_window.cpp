@@ -32,14 +32,13 @@ long long MinuteOf(double ut) {
     return static_cast<long long>(std::floor(ut * kMinutesPerDay + 1e-6));
 }
 
-std::optional<NextWindow> FindNextWindow(const Core& core, const ModeTableState& modes, const ReportExclusions& ex,
-                                         double now) {
+std::vector<NextWindow> WindowsOfTwoDays(const Core& core, const ModeTableState& modes, const ReportExclusions& ex,
+                                         double today) {
     auto work = std::make_unique<Core>(core);
     auto activity = std::make_unique<ActivityTable>();
     MinuteTables tables;
     PredictionGrid grid;
     std::vector<NextWindow> windows;
-    const double today = std::floor(now);
     for (double day : {today, today + 1.0}) {
         work->CurrentUT = day;
         PredictDay(*work, modes, ex, tables, *activity, grid, day);
@@ -56,11 +55,20 @@ std::optional<NextWindow> FindNextWindow(const Core& core, const ModeTableState&
             if (!joined) windows.push_back(w);
         }
     }
+    return windows;
+}
+
+std::optional<NextWindow> FirstWindowAfter(const std::vector<NextWindow>& windows, double now) {
     const long long present = MinuteOf(now);
     std::optional<NextWindow> next;
     for (const NextWindow& w : windows)
         if (w.end > present && (!next || w.begin < next->begin)) next = w;
     return next;
+}
+
+std::optional<NextWindow> FindNextWindow(const Core& core, const ModeTableState& modes, const ReportExclusions& ex,
+                                         double now) {
+    return FirstWindowAfter(WindowsOfTwoDays(core, modes, ex, std::floor(now)), now);
 }
 
 std::string NextWindowText(const std::optional<NextWindow>& next, double now, bool gmt, double tzHours) {

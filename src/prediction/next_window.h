@@ -8,6 +8,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tarvelle {
 
@@ -20,6 +21,14 @@ struct NextWindow {
 
 // The minute of a GMT date value, counted from the date value 0.
 long long MinuteOf(double ut);
+
+// The windows of the grids of a GMT day and the next, a window that runs over midnight joined
+// into one. core is not moved: the prediction works on a copy.
+std::vector<NextWindow> WindowsOfTwoDays(const Core& core, const ModeTableState& modes, const ReportExclusions& ex,
+                                         double today);
+
+// The first of those windows that has not ended at the minute of now (one in progress counts).
+std::optional<NextWindow> FirstWindowAfter(const std::vector<NextWindow>& windows, double now);
 
 // The first window of today's and tomorrow's grids that has not ended at the minute of now: a
 // window in progress counts. A window that runs to midnight and goes on at 00:00 of the next

@@ -28,6 +28,7 @@
 #include <QToolButton>
 #include <QTimer>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <sstream>
@@ -165,10 +166,26 @@ TEST_F(Form3Test, NextPreviousTheDateChecksAndTheLimits) {
     ASSERT_EQ(dialogs.messages.size(), 1u);
     EXPECT_EQ(dialogs.messages[0].text, "Dates Prior to 1900 are not permitted.");
     form->txtYear->setText("2027");
-    form->txtMonth->setText("13"); // carries into the next year
-    form->txtDay->setText("1");
+    form->txtMonth->setText("13"); // carries into the next year, and the fields show where
+    form->txtDay->setText("32");
     form->CmdPredict->click();
-    EXPECT_EQ(form->PredictDate, DateSerial(2028, 1, 1));
+    EXPECT_EQ(form->PredictDate, DateSerial(2028, 2, 1));
+    EXPECT_EQ(form->txtYear->text() + form->txtMonth->text() + form->txtDay->text(), "20280201");
+    // Years past 9999 are refused, typed or reached by Next Day.
+    dialogs.messages.clear();
+    form->txtYear->setText("10000");
+    form->CmdPredict->click();
+    form->txtYear->setText("9999");
+    form->txtMonth->setText("12");
+    form->txtDay->setText("31");
+    form->CmdPredict->click();
+    form->CmdNextDay->click();
+    ASSERT_EQ(dialogs.messages.size(), 2u);
+    EXPECT_EQ(dialogs.messages[0].text, "10000 is not a valid date.");
+    EXPECT_EQ(dialogs.messages[1].text, "Dates After 9999 are not permitted.");
+    form->txtYear->setText("2028");
+    form->txtMonth->setText("2");
+    form->txtDay->setText("1");
     // Limits are used as typed, then brought into range.
     form->txtJupAltMin->setText("-100");
     form->txtSunAltMax->setText("95");
@@ -182,10 +199,13 @@ TEST_F(Form3Test, NextPreviousTheDateChecksAndTheLimits) {
     EXPECT_EQ(closed, 1);
 }
 
+// The read-out is of the day drawn, even after the station's shared tables moved on.
 TEST_F(Form3Test, TheMouseReadsTheMinuteUnderIt) {
+    const MinuteTables t = station->minutes;
+    std::fill(station->minutes.MinuteJupAlt.begin(), station->minutes.MinuteJupAlt.end(), int16_t{77});
+    std::fill(station->minutes.MinuteJupHA.begin(), station->minutes.MinuteJupHA.end(), 7.0f);
     form->Picture1MouseMove(6 * 3600.0f);
     EXPECT_EQ(form->LBLTime->text(), "GMT: 06:00");
-    const MinuteTables& t = station->minutes;
     EXPECT_EQ(form->LBLJupAlt->text().toStdString(), "Jup Alt " + FormatNumberMask(t.MinuteJupAlt[360], "00") + " deg.");
     EXPECT_EQ(form->LBLJupHA->text().toStdString(), "Jup HA " + FormatNumberMask(t.MinuteJupHA[360], "00.0"));
 }
@@ -243,6 +263,16 @@ TEST_F(Form3Test, AFailedReportSaysWhyAndRemembersNoFolder) {
     EXPECT_GT(dialogs.messages.back().text.size(), told.size());
     EXPECT_EQ(settings->get("Startup", "ReportDir"), QString());
     EXPECT_FALSE(QFile::exists(path));
+    // A limit of 100 KB is refused before any file is asked for or written.
+    dialogs.messages.clear();
+    form->txtSunAltMax->setText(QString(100000, '0') + "5");
+    const QString good = dir.filePath("20261122JP.TXT");
+    RunReport(good, [](formReportOptions*) {});
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_TRUE(dialogs.messages[0].text.startsWith("The Sun altitude limit text is too long"));
+    EXPECT_FALSE(QFile::exists(good));
+    EXPECT_FALSE(form->ReportInProgress());
+    form->txtSunAltMax->setText("0");
     // A cancelled options window writes and says nothing.
     dialogs.messages.clear();
     OnNextModal([](QWidget* w) { qobject_cast<formReportOptions*>(w)->cmdCancel->click(); });

@@ -1031,7 +1031,8 @@ void Form1::ConnectNextWindow(QBoxLayout* status) {
         connect(&st_.model, changed, this, [this] { UpdateNextWindow(true); });
 }
 
-// Made anew once a minute, or at once when what it depends on changes.
+// Shown anew once a minute from the two days' windows, which are predicted again only on a
+// new day or when what they depend on changes.
 void Form1::UpdateNextWindow(bool inputsChanged) {
     const long long minute = MinuteOf(core_.CurrentUT);
     if (!inputsChanged && minute == nextMinute_) return;
@@ -1040,7 +1041,12 @@ void Form1::UpdateNextWindow(bool inputsChanged) {
         LBLNext->clear();
         return;
     }
-    const auto next = FindNextWindow(core_, st_.modes, SavedExclusions(st_.settings), core_.CurrentUT);
+    const double today = std::floor(core_.CurrentUT);
+    if (inputsChanged || today != nextWindowsDay_) {
+        nextWindows_ = WindowsOfTwoDays(core_, st_.modes, SavedExclusions(st_.settings), today);
+        nextWindowsDay_ = today;
+    }
+    const auto next = FirstWindowAfter(nextWindows_, core_.CurrentUT);
     LBLNext->setText(QString::fromLatin1(NextWindowText(next, core_.CurrentUT, core_.UseGMT, core_.ObsTZ)));
 }
 

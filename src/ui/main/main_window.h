@@ -6,6 +6,7 @@
 // Timer1), then show(). Each Timer1 tick reads the clock and refreshes the readout.
 #pragma once
 
+#include "prediction/next_window.h"
 #include "server/jis_control.h"
 #include "station/station.h"
 
@@ -167,6 +168,8 @@ private:
     void ConnectNextWindow(QBoxLayout* status);
     void UpdateNextWindow(bool inputsChanged);
     long long nextMinute_ = -1; // the minute the line was made for
+    double nextWindowsDay_ = -1.0; // the GMT day nextWindows_ begin with
+    std::vector<NextWindow> nextWindows_;
 
     Station& st_;
     Core& core_;

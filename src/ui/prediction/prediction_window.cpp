@@ -273,6 +273,10 @@ void Form3::DoPredictions() {
         st_.dialogs.Message("Dates Prior to 1900 are not permitted.");
         return;
     }
+    if (FieldsOf(PredictDate).year > kLastDateYear) {
+        st_.dialogs.Message(kDatesAfterLastYear);
+        return;
+    }
     Picture1->Surface().Clear();
     LBLWait->show();
     const ReportExclusions ex = Exclusions();
@@ -299,6 +303,7 @@ void Form3::ShowPrediction() {
 
 void Form3::DrawChart() {
     chartDay_ = ChartDayOf(st_.minutes, st_.activity.ModeActivity);
+    chartMinutes_ = st_.minutes; // the read-out under the mouse stays with the day drawn
     DrawChartBody(Picture1->Surface(), chartDay_);
 }
 
@@ -358,7 +363,8 @@ void Form3::SunAltBar() {
 void Form3::ChkValidDate(bool& valid) {
     valid = false;
     const double y = ValueOfText(S(txtYear)), m = ValueOfText(S(txtMonth)), d = ValueOfText(S(txtDay));
-    if (std::fabs(y) > 1e5 || std::fabs(m) > 1e6 || std::fabs(d) > 1e7) {
+    const std::optional<double> date = CheckedDateSerial(y, m, d);
+    if (!date) {
         st_.dialogs.Message(txtYear->text() + " is not a valid date.", {}, MsgButtons::OK, MsgIcon::Exclamation);
         return;
     }
@@ -366,8 +372,8 @@ void Form3::ChkValidDate(bool& valid) {
         st_.dialogs.Message("Dates Prior to 1900 are not permitted.");
         return;
     }
-    PredictDate = DateSerial(static_cast<int>(RoundHalfEven(y)), static_cast<int>(RoundHalfEven(m)),
-                             static_cast<int>(RoundHalfEven(d)));
+    PredictDate = *date;
+    ShowDateInFields(PredictDate); // 13/32 shows as the date it became
     valid = true;
 }
 
@@ -420,12 +426,12 @@ void Form3::Picture1RightButton(float x) {
 
 void Form3::Picture1MouseMove(float x) {
     const double k0 = RoundHalfEven(static_cast<double>(x) / 60.0);
-    if (k0 < 0 || k0 > kMinutesPerDay || st_.minutes.MinuteJupAlt.empty()) return;
+    if (k0 < 0 || k0 > kMinutesPerDay || chartMinutes_.MinuteJupAlt.empty()) return;
     const auto k = static_cast<size_t>(k0);
     LBLTime->setText("GMT: " + Q(FormatDateMask(static_cast<double>(x) / 86400.0, "hh:nn")));
-    LBLJupAlt->setText("Jup Alt " + Q(FormatNumberMask(st_.minutes.MinuteJupAlt[k], "00")) + " deg.");
-    LBLJupHA->setText("Jup HA " + Q(FormatNumberMask(st_.minutes.MinuteJupHA[k], "00.0")));
-    LBLSunAlt->setText("Sun Alt " + Q(FormatNumberMask(st_.minutes.MinuteSunAlt[k], "00")) + " deg");
+    LBLJupAlt->setText("Jup Alt " + Q(FormatNumberMask(chartMinutes_.MinuteJupAlt[k], "00")) + " deg.");
+    LBLJupHA->setText("Jup HA " + Q(FormatNumberMask(chartMinutes_.MinuteJupHA[k], "00.0")));
+    LBLSunAlt->setText("Sun Alt " + Q(FormatNumberMask(chartMinutes_.MinuteSunAlt[k], "00")) + " deg");
 }
 
 void Form3::CmdPredictPrintClick() {
@@ -474,6 +480,13 @@ void Form3::CmdReportClick() {
         reportInProgress_ = false;
         return;
     }
+    choices_.jupAltMinText = S(txtJupAltMin);
+    choices_.sunAltMaxText = S(txtSunAltMax);
+    choices_.versionText = st_.VersionText;
+    if (const std::string refusal = ReportTextRefusal(core_, choices_); !refusal.empty()) {
+        st_.dialogs.Message(Q(refusal), "Report", MsgButtons::OK, MsgIcon::Exclamation);
+        return;
+    }
     reportInProgress_ = true;
     CmdCancelReport->setEnabled(true);
     PredictDate = choices_.ReportStart;
@@ -483,9 +496,6 @@ void Form3::CmdReportClick() {
         CmdCancelReport->setEnabled(false);
         return;
     }
-    choices_.jupAltMinText = S(txtJupAltMin);
-    choices_.sunAltMaxText = S(txtSunAltMax);
-    choices_.versionText = st_.VersionText;
 
     const int days = static_cast<int>(std::floor(choices_.ReportEnd) - std::floor(choices_.ReportStart)) + 1;
     int day = 0;

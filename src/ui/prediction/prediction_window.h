@@ -103,6 +103,7 @@ private:
 
     PredictionGrid grid_;
     ChartDay chartDay_;
+    MinuteTables chartMinutes_; // the minute tables of the day drawn
     std::optional<double> nowSecond_;
     QTimer* nowTimer_ = nullptr;
     ReportOptions choices_;
