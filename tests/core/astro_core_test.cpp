@@ -37,13 +37,12 @@ double AngleDiff(double a, double b) {
 TEST(Clock, GMTFromTheComputerClock) {
     Core c;
     c.ObsTZ = 3.0; // drops out: only the zone the clock runs on matters
-    c.SystemClockTZ = -5.0;
-    c.UpdateClockOffset();
     const double noon = DateSerial(2026, 6, 1) + 0.5;
-    EXPECT_EQ(FormatDateMask(c.GMTFromClock(noon), "yyyy-mm-dd hh:nn:ss"), "2026-06-01 17:00:00");
-    c.SystemClockTZ = 5.5;
-    c.UpdateClockOffset();
-    EXPECT_EQ(FormatDateMask(c.GMTFromClock(noon), "yyyy-mm-dd hh:nn:ss"), "2026-06-01 06:30:00");
+    for (const auto& [zone, gmt] : {std::pair{-5.0, "2026-06-01 17:00:00"}, {5.5, "2026-06-01 06:30:00"}}) {
+        c.SystemClockTZ = zone;
+        c.UpdateClockOffset();
+        EXPECT_EQ(FormatDateMask(c.GMTFromClock(noon), "yyyy-mm-dd hh:nn:ss"), gmt) << zone;
+    }
     EXPECT_DOUBLE_EQ(c.ClockOffset, 3.0 - 5.5);
 }
 
@@ -72,29 +71,29 @@ TEST(Clock, WestLongitudeLowersSiderealTimeWithoutReductionFromAbove) {
 
 TEST(Clock, SaveAndRestoreTouchOnlyTheClock) {
     Core c = AtInstant(Noon2000());
-    const float lst = c.LST;
-    const double dayNumber = c.DayNumber;
+    const Core before = c;
     c.SaveCurrentTime();
     c.CurrentUT = 1000.0;
     c.RestoreCurrentTime();
-    EXPECT_EQ(c.CurrentUT, Noon2000());
-    EXPECT_EQ(c.LST, lst);
-    EXPECT_EQ(c.DayNumber, dayNumber);
+    EXPECT_TRUE(c.CurrentUT == before.CurrentUT && c.LST == before.LST && c.DayNumber == before.DayNumber);
 }
 
+// Hours round their minutes without a carry into the hours; degrees truncate them.
 TEST(Helpers, FormatHoursAndDegrees) {
-    EXPECT_EQ(FormatHours(-1.0), "-01:00");
-    EXPECT_EQ(FormatHours(5.9999), "05:60"); // no carry into the hours
-    EXPECT_EQ(FormatHours(12.5), "12:30");
-    EXPECT_EQ(FormatDegrees(-0.5), "-00:30");
-    EXPECT_EQ(FormatDegrees(-12.75), "-12:45");
-    EXPECT_EQ(FormatDegrees(5.9999), "05:59"); // minutes are truncated
+    const struct {
+        double value;
+        const char *hours, *degrees;
+    } cases[] = {{-1.0, "-01:00", "-01:00"}, {5.9999, "05:60", "05:59"}, {12.5, "12:30", "12:30"},
+                 {-0.5, "-00:30", "-00:30"}, {-12.75, "-12:45", "-12:45"}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(FormatHours(c.value), c.hours) << c.value;
+        EXPECT_EQ(FormatDegrees(c.value), c.degrees) << c.value;
+    }
 }
 
 TEST(Helpers, ArcSinLimitsAndArcCos) {
-    EXPECT_EQ(ArcSin(1.0), 1.570796326794895);
-    EXPECT_EQ(ArcSin(2.0), 1.570796326794895);
-    EXPECT_EQ(ArcSin(-3.0), -1.570796326794895);
+    for (const auto& [x, y] : {std::pair{1.0, 1.570796326794895}, {2.0, 1.570796326794895}, {-3.0, -1.570796326794895}})
+        EXPECT_EQ(ArcSin(x), y) << x;
     EXPECT_NEAR(ArcSin(0.5), M_PI / 6, 1e-15);
     EXPECT_NEAR(ArcCos(0.0), 1.570796327, 1e-15);
     EXPECT_NEAR(Mod2Pi(-1.0), 6.28318530717958 - 1.0, 1e-14);
@@ -118,7 +117,6 @@ TEST(Helpers, DateByChoiceSetsTheHeading) {
 TEST(FaultRule, KeepLeavesTheTargetOnAFault) {
     double d = 4.0;
     Keep(d, Div(1.0, 0.0));
-    EXPECT_EQ(d, 4.0);
     Keep(d, std::sqrt(-1.0));
     EXPECT_EQ(d, 4.0);
     float f = 2.0f;
@@ -128,29 +126,17 @@ TEST(FaultRule, KeepLeavesTheTargetOnAFault) {
     EXPECT_EQ(f, 0.5f);
 }
 
-TEST(SunJupiter, PlausibleOverTwoCenturies) {
-    for (double t = DateSerial(1900, 1, 1); t < DateSerial(2100, 12, 31); t += 97.3) {
-        const Core c = AtInstant(t, 45.0f, 90.0f);
-        EXPECT_TRUE(c.JupDist > 3.9f && c.JupDist < 6.5f) << t;
-        EXPECT_TRUE(c.SunRA >= 0.0 && c.SunRA < 24.0 && c.JupRA >= 0.0 && c.JupRA < 24.0) << t;
-        EXPECT_TRUE(std::fabs(c.SunDec) <= 23.5 && std::fabs(c.JupDec) <= 24.0) << t;
-    }
-}
-
 // The model is a pair of plain ellipses with a fixed obliquity and no precession: it still
 // places the Sun within a degree of declination and three degrees of right ascension of
 // where it was at the 2024 equinox and solstice (Astronomical Almanac).
-TEST(SunJupiter, SunNearItsTrueSolsticeAndEquinox) {
+TEST(SunJupiter, NearTheAlmanacsSolsticeEquinoxAndOpposition) {
     const Core equinox = AtInstant(DateSerial(2024, 3, 20) + TimeSerial(3, 6, 0));
     EXPECT_NEAR(equinox.SunDec, 0.0, 1.0);
     EXPECT_NEAR(std::remainder(equinox.SunRA, 24.0), 0.0, 0.2);
     const Core solstice = AtInstant(DateSerial(2024, 6, 20) + TimeSerial(20, 51, 0));
     EXPECT_NEAR(solstice.SunDec, 23.44, 0.2);
     EXPECT_NEAR(solstice.SunRA, 6.0, 0.2);
-}
-
-// Jupiter at opposition stands opposite the Sun: 2023-11-03 (Astronomical Almanac).
-TEST(SunJupiter, JupiterOppositeTheSunAtOpposition) {
+    // Jupiter at opposition stands opposite the Sun: 2023-11-03 (Astronomical Almanac).
     const Core c = AtInstant(DateSerial(2023, 11, 3) + 0.25);
     double sep = 0.0;
     AngularSeparation(c.JupRA, c.JupDec, c.SunRA, c.SunDec, sep);
@@ -165,16 +151,9 @@ TEST(Jovian, CMLAndIoAdvanceAtTheirRates) {
     Core a = AtInstant(t0), b = AtInstant(t0 + 1.0 / 24.0);
     EXPECT_NEAR(AngleDiff(b.CMLIII, a.CMLIII), 36.26, 0.05);
     EXPECT_NEAR(AngleDiff(b.IoPhase, a.IoPhase), 360.0 / 1.7699 / 24.0, 0.3);
-    for (double t = t0; t < t0 + 3.0; t += 0.0137) {
-        const Core c = AtInstant(t);
-        EXPECT_TRUE(c.CMLIII >= 0.0f && c.CMLIII <= 360.0f && c.IoPhase >= 0.0f && c.IoPhase <= 360.0f) << t;
-        EXPECT_NEAR(c.CMLIII * 100.0f, std::round(c.CMLIII * 100.0f), 0.01f); // rounded to 0.01
-    }
-}
-
-TEST(Jovian, CMLIgnoresFractionsOfASecond) {
+    // Ranges and the 0.01 rounding are compared value by value by tests/reference/compare_cli.py.
+    // Fractions of a second play no part.
     const double t = DateSerial(2026, 1, 10) + TimeSerial(5, 0, 7);
-    Core a, b;
     a.UpdateCMLIII(t);
     b.UpdateCMLIII(t + 0.3 / 86400.0);
     EXPECT_EQ(a.CMLIII, b.CMLIII);
@@ -187,12 +166,11 @@ TEST(Jovian, DeStaysSmallAndMagLatFollowsCML) {
         EXPECT_LE(std::fabs(c.De), 3.5f) << t;
     }
     Core c;
-    c.CMLIII = 200.0f;
-    c.UpdateMagLat();
-    EXPECT_NEAR(c.MagLat, 10.0f, 1e-5f);
-    c.CMLIII = 20.0f;
-    c.UpdateMagLat();
-    EXPECT_NEAR(c.MagLat, -10.0f, 1e-5f);
+    for (const auto& [cml, magLat] : {std::pair{200.0f, 10.0f}, {20.0f, -10.0f}}) {
+        c.CMLIII = cml;
+        c.UpdateMagLat();
+        EXPECT_NEAR(c.MagLat, magLat, 1e-5f) << cml;
+    }
 }
 
 TEST(LocalSky, EquatorialHorizontalRoundTrip) {
@@ -232,12 +210,10 @@ TEST(LocalSky, MeridianZenithAndPole) {
 
 TEST(LocalSky, RiseAndSet) {
     Core c;
-    c.ObsLatitude = 0.0f;
-    c.LST0 = 0.0f;
+    c.ObsLatitude = c.LST0 = 0.0f;
     c.SunRA = 6.0;
-    c.SunDec = 0.0;
     c.JupRA = 20.0;
-    c.JupDec = 0.0;
+    c.SunDec = c.JupDec = 0.0;
     c.UpdateRiseSet();
     EXPECT_NEAR(std::remainder(c.SunRise, 24.0), 0.0, 1e-6); // six hours either side of transit
     EXPECT_NEAR(c.SunSet, 12.0, 1e-6);
@@ -257,27 +233,22 @@ TEST(LocalSky, RiseAndSet) {
 }
 
 TEST(LocalSky, AngularSeparation) {
-    double out = 0;
-    AngularSeparation(0.0, 0.0, 6.0, 0.0, out);
-    EXPECT_NEAR(out, 90.0, 1e-9);
-    AngularSeparation(3.0, 90.0, 17.0, 0.0, out);
-    EXPECT_NEAR(out, 90.0, 1e-9);
-    AngularSeparation(1.0, 10.0, 1.0, -20.0, out);
-    EXPECT_NEAR(out, 30.0, 1e-9);
+    const std::array<double, 5> cases[] = {{0, 0, 6, 0, 90}, {3, 90, 17, 0, 90}, {1, 10, 1, -20, 30}};
+    for (const auto& c : cases) {
+        double out = 0;
+        AngularSeparation(c[0], c[1], c[2], c[3], out);
+        EXPECT_NEAR(out, c[4], 1e-9) << c[0] << " " << c[1];
+    }
 }
 
 TEST(DayTables, ThirtyHoursAMinuteApart) {
     Core c = AtInstant(DateSerial(2026, 11, 22) + 0.7, 39.25f, 76.5f);
-    const double ut = c.CurrentUT;
-    const float lst = c.LST;
-    const double dayNumber = c.DayNumber;
+    const Core before = c;
     int yields = 0;
     c.YieldToEvents = [&] { ++yields; };
-    c.BuildDayTables(ut);
+    c.BuildDayTables(c.CurrentUT);
     EXPECT_EQ(yields, 1);
-    EXPECT_EQ(c.CurrentUT, ut);
-    EXPECT_EQ(c.LST, lst);
-    EXPECT_EQ(c.DayNumber, dayNumber);
+    EXPECT_TRUE(c.CurrentUT == before.CurrentUT && c.LST == before.LST && c.DayNumber == before.DayNumber);
 
     const DayTables& d = c.Day;
     EXPECT_EQ(d.DayMinuteTime[0], DateSerial(2026, 11, 22));
@@ -286,13 +257,11 @@ TEST(DayTables, ThirtyHoursAMinuteApart) {
     for (size_t k = 0; k < static_cast<size_t>(kDayTableSize); ++k)
         ASSERT_TRUE(std::fabs(d.DayJupHA[k]) <= 12.0f && std::fabs(d.DaySunHA[k]) <= 12.0f) << k;
     // The values themselves are compared with the reference by tests/reference/compare_cli.py.
-}
 
-TEST(DayTables, NothingWhileShuttingDown) {
-    Core c;
-    c.ShuttingDown = true;
-    c.BuildDayTables(DateSerial(2026, 1, 1));
-    EXPECT_EQ(c.Day.DayMinuteTime[0], 0.0);
+    Core down; // nothing while shutting down
+    down.ShuttingDown = true;
+    down.BuildDayTables(DateSerial(2026, 1, 1));
+    EXPECT_EQ(down.Day.DayMinuteTime[0], 0.0);
 }
 
 // Regression: a longitude or a date far out of range kept the sidereal reductions looping for
@@ -308,12 +277,7 @@ TEST(Clock, ReductionsEndWhateverReachesThem) {
                  {DateSerial(1900, 5, 17) + 0.3, 200.0f, true}, {DateSerial(2100, 5, 17) + 0.3, 200.0f, true},
                  {DateSerial(2024, 3, 5), static_cast<float>(inf), false}};
     for (const auto& c : cases) {
-        Core core;
-        core.ObsLatitude = 39.25f;
-        core.ObsLongitude = c.longitude;
-        core.CurrentUT = c.ut;
-        core.UpdateSiderealTime();
-        core.UpdatePositions();
+        const Core core = AtInstant(c.ut, 39.25f, c.longitude);
         if (!c.finite) continue;
         EXPECT_TRUE(std::isfinite(core.LST)) << c.longitude;
         if (std::fabs(c.longitude) > 360.0f) continue; // no upper wrap follows the longitude

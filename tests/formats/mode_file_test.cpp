@@ -9,7 +9,6 @@
 
 #include <sys/stat.h>
 
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -125,81 +124,75 @@ TEST_F(ModeFileTest, FieldsEndAtCommasAndLineEndsWithBlanksIgnored) {
 TEST_F(ModeFileTest, AFailedLoadSaysWhereAndLeavesTheTableWhole) {
     ASSERT_EQ(Load(Record("Old", 1, 2, 3, 4)), -1);
     const ModeTableState before = modes;
-    const int status = Load(Record("Io-A", 200, 270, 195, 265) + "Io-B\r\n 105 \r\n 185 \r\n 75 \r\n");
-    EXPECT_EQ(status, 62);
+    EXPECT_EQ(Load(Record("Io-A", 200, 270, 195, 265) + "Io-B\r\n 105 \r\n 185 \r\n 75 \r\n"), 62);
     ASSERT_EQ(dialogs.messages.size(), 1u);
-    EXPECT_EQ(dialogs.messages[0].text, "Error 62 Occurred Loading " +
-                                            QString::fromStdString(modes.ModeFileName) +
+    EXPECT_EQ(dialogs.messages[0].text, "Error 62 Occurred Loading " + QString::fromStdString(modes.ModeFileName) +
                                             ".\r\nInput Past End of File\r\nLine 10.");
-    EXPECT_EQ(modes.NumModes, before.NumModes);
-    EXPECT_EQ(modes.ModeName, before.ModeName);
-    EXPECT_EQ(modes.ModeTable, before.ModeTable);
-    // A bad number names its own line.
-    EXPECT_EQ(Load("word\r\n 200 \r\n two \r\n 0 \r\n 0 \r\n"), 13);
-    EXPECT_TRUE(dialogs.messages.back().text.endsWith("\r\nLine 3."));
-
-    // The end-of-file test comes right after the fifth field: a blank line after the last record
-    // opens a record with no numbers.
-    EXPECT_EQ(Load(Record("Io-A", 200, 270, 195, 265) + "\r\n"), 62);
-    EXPECT_EQ(Load(""), 62);
-
-    // A failure after a good load leaves ModesLoaded set.
-    ASSERT_EQ(Load(Record("Io-A", 200, 270, 195, 265)), -1);
-    EXPECT_EQ(Load("Io-A\r\n"), 62);
-    EXPECT_TRUE(modes.ModesLoaded);
+    // Each failure gives its number and says it; the table and ModesLoaded stay as the good load
+    // left them. The end-of-file test comes right after the fifth field: a blank line after the
+    // last record opens a record with no numbers.
+    const struct {
+        std::string content;
+        int status;
+        const char* said;
+    } failures[] = {
+        {Record("big", 200, 32768, 0, 0), 6, ".\r\nOverFlow"},
+        {Record("small", -32769, 0, 0, 0), 6, "OverFlow"},
+        {"word\r\n 200 \r\n two \r\n 0 \r\n 0 \r\n", 13, "\r\nLine 3."}, // a bad number names its own line
+        {"word\r\n 200 \r\n 20x \r\n 0 \r\n 0 \r\n", 13, "\r\nLine 3."},
+        {Record("Io-A", 200, 270, 195, 265) + "\r\n", 62, "Input Past End of File"},
+        {"", 62, "Input Past End of File"},
+        {"Io-A\r\n", 62, "Input Past End of File"},
+    };
+    for (const auto& c : failures) {
+        EXPECT_EQ(Load(c.content), c.status) << c.content;
+        EXPECT_TRUE(dialogs.messages.back().text.contains(c.said)) << c.content;
+        EXPECT_TRUE(modes.NumModes == before.NumModes && modes.ModeName == before.ModeName &&
+                    modes.ModeTable == before.ModeTable && modes.ModesLoaded)
+            << c.content;
+    }
 }
 
-TEST_F(ModeFileTest, BadNumbersAndMissingFilesFailWithTheirNumbers) {
-    EXPECT_EQ(Load(Record("big", 200, 32768, 0, 0)), 6);
-    EXPECT_TRUE(dialogs.messages.back().text.contains(".\r\nOverFlow"));
-    EXPECT_EQ(Load(Record("small", -32769, 0, 0, 0)), 6);
-    EXPECT_EQ(Load("word\r\n 200 \r\n 20x \r\n 0 \r\n 0 \r\n"), 13);
-
-    modes = ModeTableState{};
-    modes.NumModes = 3;
-    modes.ModeName[1] = "kept?";
-    modes.ModeFileName = PathOf("absent.jmf");
-    int status = 0;
-    LoadModeFile(modes, status, dialogs);
-    EXPECT_EQ(status, 53);
-    EXPECT_EQ(dialogs.messages.back().text, "Error 53 Occurred Loading " +
-                                                QString::fromStdString(modes.ModeFileName) +
-                                                ".\r\nFile Not Found");
-    EXPECT_EQ(modes.NumModes, 3); // the file never opened
-    EXPECT_EQ(modes.ModeName[1], "kept?");
-    EXPECT_FALSE(modes.ModesLoaded);
-
-    modes.ModeFileName = PathOf("no-such-folder/modes.jmf");
-    LoadModeFile(modes, status, dialogs);
-    EXPECT_EQ(status, 76);
-    modes.ModeFileName = dir.path().toStdString();
-    LoadModeFile(modes, status, dialogs);
-    EXPECT_EQ(status, 75);
-    // A FIFO is refused at once rather than read (which would wait for a writer), and a file
-    // far larger than any mode file is refused too.
-    const std::string fifo = PathOf("fifo.jmf");
+TEST_F(ModeFileTest, FilesThatCannotBeReadFailWithTheirNumbers) {
+    // A FIFO is refused at once rather than read (which would wait for a writer), and a file far
+    // larger than any mode file is refused too.
+    const std::string fifo = PathOf("fifo.jmf"), huge = PathOf("huge.jmf");
     ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
-    modes.ModeFileName = fifo;
-    LoadModeFile(modes, status, dialogs);
-    EXPECT_EQ(status, 75);
-    modes.ModeFileName = PathOf("huge.jmf");
-    std::ofstream(modes.ModeFileName) << std::string(2 << 20, ' ');
-    LoadModeFile(modes, status, dialogs);
-    EXPECT_EQ(status, 7);
+    std::ofstream(huge) << std::string(2 << 20, ' ');
+    const std::pair<std::string, int> cases[] = {{PathOf("absent.jmf"), 53},
+                                                 {PathOf("no-such-folder/modes.jmf"), 76},
+                                                 {dir.path().toStdString(), 75},
+                                                 {fifo, 75},
+                                                 {huge, 7}};
+    for (const auto& [path, number] : cases) {
+        modes = ModeTableState{};
+        modes.NumModes = 3;
+        modes.ModeName[1] = "kept?";
+        modes.ModeFileName = path;
+        int status = 0;
+        LoadModeFile(modes, status, dialogs);
+        EXPECT_EQ(status, number) << path;
+        // The file never opened: the table stays and is not marked loaded.
+        EXPECT_TRUE(modes.NumModes == 3 && modes.ModeName[1] == "kept?" && !modes.ModesLoaded) << path;
+    }
+    EXPECT_EQ(dialogs.messages[0].text,
+              "Error 53 Occurred Loading " + QString::fromStdString(PathOf("absent.jmf")) + ".\r\nFile Not Found");
 }
 
+// A failed save names the mode file, not the target, and sets the status to 1.
 TEST_F(ModeFileTest, AFailedSaveNamesTheModeFileAndSetsStatusOne) {
     modes.ModeFileName = "/data/current.jmf";
-    int status = 0;
-    SaveModeFile(modes, PathOf("missing/out.jmf"), status, dialogs);
-    EXPECT_EQ(status, 1);
-    ASSERT_EQ(dialogs.messages.size(), 1u);
-    EXPECT_TRUE(dialogs.messages[0].text.startsWith("Error 76 Occurred Saving /data/current.jmf.\r\nPath not found"));
-
-    status = 0;
-    SaveModeFile(modes, dir.path().toStdString(), status, dialogs); // a folder
-    EXPECT_EQ(status, 1);
-    EXPECT_TRUE(dialogs.messages.back().text.startsWith("Error 75 Occurred Saving "));
+    const std::pair<std::string, const char*> cases[] = {
+        {PathOf("missing/out.jmf"), "Error 76 Occurred Saving /data/current.jmf.\r\nPath not found"},
+        {dir.path().toStdString(), "Error 75 Occurred Saving "}}; // a folder
+    for (const auto& [path, said] : cases) {
+        int status = 0;
+        dialogs.messages.clear();
+        SaveModeFile(modes, path, status, dialogs);
+        EXPECT_EQ(status, 1) << path;
+        ASSERT_EQ(dialogs.messages.size(), 1u);
+        EXPECT_TRUE(dialogs.messages[0].text.startsWith(said)) << dialogs.messages[0].text.toStdString();
+    }
 }
 
 TEST_F(ModeFileTest, ARangeThroughThreeSixtySurvivesLoadEditAndSave) {
@@ -257,8 +250,7 @@ TEST_F(ModeFileTest, NumberTextsRoundHalfToEvenAndNonNumbersAreZero) {
 }
 
 TEST_F(ModeFileTest, TheBundledModeFileHoldsTheSixSourceRegionsAsTheWriterWritesThem) {
-    modes.ModeFileName =
-        (std::filesystem::path(__FILE__).parent_path() / ".." / ".." / "data" / "UFMODES.JMF").string();
+    modes.ModeFileName = TARVELLE_SOURCE_DATA "/UFMODES.JMF";
     int status = 0;
     LoadModeFile(modes, status, dialogs);
     ASSERT_EQ(status, 0);

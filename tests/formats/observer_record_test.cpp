@@ -65,29 +65,23 @@ TEST(ParseLongitude, WestPositiveEastByMinus) {
     }
 }
 
-TEST(FormatLatitudeText, ResiduesAndCarries) {
-    EXPECT_EQ(FormatLatitudeText(39.25), "39:15:00.0");
-    EXPECT_EQ(FormatLatitudeText(12.0 + 10.0 / 3600), "12:00:00.0"); // under 18 arc seconds dropped
-    EXPECT_EQ(FormatLatitudeText(12.0 + 20.0 / 3600), "12:00:20.0");
-    EXPECT_EQ(FormatLatitudeText(-33.8666667), "-33:52:00.0");
-    EXPECT_EQ(FormatLatitudeText(-0.5), "0:30:00.0"); // between -1 and 0 the sign is lost
-    EXPECT_EQ(FormatLatitudeText(10.999999), "11:00:00.0");
+// Latitudes drop residues under 18 arc seconds and lose the sign between -1 and 0; longitudes
+// have no 18-second floor, and seconds that round to 60 carry into the minutes and degrees, the
+// small negative remainder left behind showing no minus (-75:12:00 east is 284:48:00.0 west).
+TEST(FormatObserverText, ResiduesCarriesAndWraps) {
+    const std::pair<double, const char*> latitudes[] = {
+        {39.25, "39:15:00.0"},          {12.0 + 10.0 / 3600, "12:00:00.0"}, {12.0 + 20.0 / 3600, "12:00:20.0"},
+        {-33.8666667, "-33:52:00.0"},   {-0.5, "0:30:00.0"},                {10.999999, "11:00:00.0"}};
+    for (const auto& [value, text] : latitudes) EXPECT_EQ(FormatLatitudeText(value), text) << value;
+    std::string east = "-75:12:00";
+    const std::pair<double, const char*> longitudes[] = {
+        {76.5, "76:30:00.0"},   {285.0, "285:00:00.0"},      {359.9999999, "0:00:00.0"},
+        {static_cast<float>(360.0 - 75.2), "284:48:00.0"},   {ParseLongitude(east), "284:48:00.0"},
+        {0.0, "0:00:00.0"},     {10.0 + 5.0 / 3600, "10:00:05.0"}};
+    for (const auto& [value, text] : longitudes) EXPECT_EQ(FormatLongitudeText(value), text) << value;
     // Round trip of the single the core keeps.
     std::string text = FormatLatitudeText(static_cast<float>(51.4778));
     EXPECT_NEAR(ParseLatitude(text), 51.4778, 1e-4);
-}
-
-TEST(FormatLongitudeText, WrapsAt360) {
-    EXPECT_EQ(FormatLongitudeText(76.5), "76:30:00.0");
-    EXPECT_EQ(FormatLongitudeText(285.0), "285:00:00.0");
-    // Seconds that round to 60 carry into the minutes and the degrees; the small negative
-    // remainder left behind shows no minus (-75:12:00 east is 284:48:00.0 west).
-    EXPECT_EQ(FormatLongitudeText(359.9999999), "0:00:00.0");
-    EXPECT_EQ(FormatLongitudeText(static_cast<float>(360.0 - 75.2)), "284:48:00.0");
-    std::string east = "-75:12:00";
-    EXPECT_EQ(FormatLongitudeText(ParseLongitude(east)), "284:48:00.0");
-    EXPECT_EQ(FormatLongitudeText(0.0), "0:00:00.0");
-    EXPECT_EQ(FormatLongitudeText(10.0 + 5.0 / 3600), "10:00:05.0"); // no 18-second floor here
 }
 
 TEST(ObserverFile, ReadsQuotedOrPlainItems) {
@@ -109,13 +103,14 @@ TEST(ObserverFile, ReadsQuotedOrPlainItems) {
 
 TEST(ObserverFile, FailuresCarryTheirNumbers) {
     QTemporaryDir dir;
-    int error = 0;
-    EXPECT_FALSE(ReadObserverFile(dir.filePath("missing.obs").toStdString(), error));
-    EXPECT_EQ(error, 53);
-    EXPECT_FALSE(ReadObserverFile(dir.filePath("no/such/dir.obs").toStdString(), error));
-    EXPECT_EQ(error, 76);
-    EXPECT_FALSE(ReadObserverFile(WriteFile(dir, "short.obs", "\"39:15\"\n\"76:30\"\n"), error));
-    EXPECT_EQ(error, 62);
+    const std::pair<std::string, int> cases[] = {{dir.filePath("missing.obs").toStdString(), 53},
+                                                 {dir.filePath("no/such/dir.obs").toStdString(), 76},
+                                                 {WriteFile(dir, "short.obs", "\"39:15\"\n\"76:30\"\n"), 62}};
+    for (const auto& [path, number] : cases) {
+        int error = 0;
+        EXPECT_FALSE(ReadObserverFile(path, error));
+        EXPECT_EQ(error, number) << path;
+    }
 }
 
 TEST(LoadObserverFile, SetsTheCoreOrSaysWhyNot) {

@@ -56,31 +56,28 @@ void ExpectPlaces(const std::string& path, std::initializer_list<Place> places, 
     }
 }
 
-TEST_F(PlacesFile, RegionsAreTheRegionLinesInFileOrder) {
-    EXPECT_EQ(ReadRegions(Write(kSample)), (std::vector<std::string>{"Europe", "North America", "Pacific"}));
-    // Only a "*" that starts the line makes a region; CR LF line ends are not part of the name.
-    EXPECT_EQ(ReadRegions(Write("Odd * line, here\r\n*Asia\r\n *Not a region\r\n*\r\n")),
-              (std::vector<std::string>{"Asia", ""}));
-    EXPECT_TRUE(ReadRegions(Missing()).empty());
-}
+using Names = std::vector<std::string>;
 
-TEST_F(PlacesFile, CitiesOfARegionRunToTheNextRegionOrTheEnd) {
+// Regions are the lines that start with "*", in file order, CR LF not part of the name. A
+// region's cities run from the line equal to "*" + region whole to the next region or the end,
+// only lines with a comma, between two cancel entries. A missing file gives nothing.
+TEST_F(PlacesFile, RegionsAndTheirCities) {
+    EXPECT_EQ(ReadRegions(Write("Odd * line, here\r\n*Asia\r\n *Not a region\r\n*\r\n")), (Names{"Asia", ""}));
+    const std::string mixed = Write("*Empty\n*Mixed\nno comma\n12.5\n,\nA, B\n1,5\n\n*Last\n");
+    EXPECT_EQ(ReadCities(mixed, "Empty"), (Names{kCancel, kCancel}));
+    EXPECT_EQ(ReadCities(mixed, "Mixed"), (Names{kCancel, ",", "A, B", "1,5", kCancel}));
+    EXPECT_EQ(ReadCities(mixed, "Last"), (Names{kCancel, kCancel}));
+
     const std::string path = Write(kSample);
-    EXPECT_EQ(ReadCities(path, "Europe"),
-              (std::vector<std::string>{kCancel, "London, Britain (UK)", "Paris, France", kCancel}));
-    EXPECT_EQ(ReadCities(path, "Pacific"),
-              (std::vector<std::string>{kCancel, "Honolulu, United States", kCancel}));
-    // The region line must equal "*" + region whole, not begin with it.
-    EXPECT_EQ(ReadCities(path, "North"), (std::vector<std::string>{kCancel}));
-    EXPECT_EQ(ReadCities(path, "europe"), (std::vector<std::string>{kCancel}));
+    EXPECT_EQ(ReadRegions(path), (Names{"Europe", "North America", "Pacific"}));
+    const std::pair<const char*, Names> cases[] = {
+        {"Europe", {kCancel, "London, Britain (UK)", "Paris, France", kCancel}},
+        {"Pacific", {kCancel, "Honolulu, United States", kCancel}},
+        {"North", {kCancel}},
+        {"europe", {kCancel}}};
+    for (const auto& [region, cities] : cases) EXPECT_EQ(ReadCities(path, region), cities) << region;
+    EXPECT_TRUE(ReadRegions(Missing()).empty());
     EXPECT_TRUE(ReadCities(Missing(), "Europe").empty());
-}
-
-TEST_F(PlacesFile, OnlyLinesWithACommaAreOfferedAsCities) {
-    const std::string path = Write("*Empty\n*Mixed\nno comma\n12.5\n,\nA, B\n1,5\n\n*Last\n");
-    EXPECT_EQ(ReadCities(path, "Empty"), (std::vector<std::string>{kCancel, kCancel}));
-    EXPECT_EQ(ReadCities(path, "Mixed"), (std::vector<std::string>{kCancel, ",", "A, B", "1,5", kCancel}));
-    EXPECT_EQ(ReadCities(path, "Last"), (std::vector<std::string>{kCancel, kCancel}));
 }
 
 TEST_F(PlacesFile, ACityIsTheFirstEqualLineInTheWholeFile) {
@@ -157,9 +154,7 @@ TEST(GetTZ, CellEdgesOfTheBar) {
 
 // The city list the program ships, read through the same routines as the window reads it.
 TEST(ShippedCityList, EveryCityIsFoundWhereItIsListed) {
-    const fs::path path = fs::path(__FILE__).parent_path() / ".." / ".." / "data" / "latlng.txt";
-    if (!fs::exists(path)) GTEST_SKIP() << "no " << path;
-    const std::string file = path.string();
+    const std::string file = TARVELLE_SOURCE_DATA "/latlng.txt";
 
     const std::vector<std::string> regions = ReadRegions(file);
     EXPECT_GE(regions.size(), 9u);

@@ -18,11 +18,19 @@ ProbabilityTable BuiltIn() {
     return table;
 }
 
+// The rows expanded into a table that held other values before: the expansion starts afresh.
 ProbabilityTable Expanded(const std::vector<std::string>& rows) {
-    ProbabilityTable table;
+    ProbabilityTable table(5);
+    for (auto& row : table) row.fill(42.0);
     ExpandProbRows(rows, table);
+    EXPECT_EQ(table.size(), 361u);
     return table;
 }
+
+struct Cell {
+    size_t io, cml;
+    double value;
+};
 
 bool InPeak(size_t io, size_t cml) {
     return io >= 90 && io <= 91 && cml >= 134 && cml <= 138;
@@ -78,28 +86,26 @@ TEST(ProbTable, PeakPlateauRangeAndNonIoBand) {
     }
 }
 
+// Fields fill CML 1 on and a short row's last number goes to CML 360 (a row with no "_" has only
+// that one); the rows are joined first, so an "X" inside a string ends a row and a row may run
+// on into the next string; rows not given stay 0.
 TEST(ProbTableExpansion, ShortRowsKeepTheirLastValueAtCml360AndRowsFollowTheX) {
-    const ProbabilityTable t = Expanded({"5_6_7X", "9X"});
-    ASSERT_EQ(t.size(), 361u);
-    EXPECT_EQ(t[1][1], 5.0);
-    EXPECT_EQ(t[1][2], 6.0);
-    for (size_t c = 3; c <= 359; ++c) EXPECT_EQ(t[1][c], 0.0) << c;
-    EXPECT_EQ(t[1][360], 7.0);
-    // A row with no "_" at all: every field is missing and the number goes to CML 360.
-    EXPECT_EQ(t[2][1], 0.0);
-    EXPECT_EQ(t[2][360], 9.0);
-    // Rows not given stay 0.
-    EXPECT_EQ(t[3][360], 0.0);
-    EXPECT_EQ(t[360][360], 0.0);
-
-    // The rows are joined first, so an "X" inside one string ends a row and a row may run on
-    // into the next string.
-    const ProbabilityTable joined = Expanded({"1_2", "X3X4_", "5X"});
-    EXPECT_EQ(joined[1][1], 1.0);
-    EXPECT_EQ(joined[1][360], 2.0);
-    EXPECT_EQ(joined[2][360], 3.0);
-    EXPECT_EQ(joined[3][1], 4.0);
-    EXPECT_EQ(joined[3][360], 5.0);
+    const struct {
+        std::vector<std::string> rows;
+        std::vector<Cell> cells;
+    } cases[] = {
+        {{"5_6_7X", "9X"}, {{1, 1, 5}, {1, 2, 6}, {1, 3, 0}, {1, 359, 0}, {1, 360, 7}, {2, 1, 0}, {2, 360, 9},
+                            {3, 360, 0}, {360, 360, 0}, {0, 0, 0}, {4, 4, 0}}},
+        {{"1_2", "X3X4_", "5X"}, {{1, 1, 1}, {1, 360, 2}, {2, 360, 3}, {3, 1, 4}, {3, 360, 5}}},
+        {{"1X"}, {{0, 0, 0}, {1, 1, 0}, {1, 360, 1}, {4, 4, 0}}},
+    };
+    for (const auto& c : cases) {
+        const ProbabilityTable t = Expanded(c.rows);
+        for (const Cell& cell : c.cells)
+            EXPECT_EQ(t[cell.io][cell.cml], cell.value) << c.rows[0] << " at " << cell.io << "," << cell.cml;
+        if (c.rows[0] == "5_6_7X")
+            for (size_t cml = 3; cml <= 359; ++cml) EXPECT_EQ(t[1][cml], 0.0) << cml;
+    }
 }
 
 TEST(ProbTableExpansion, TokensBecomeTheirRuns) {
@@ -126,33 +132,14 @@ TEST(ProbTableExpansion, FullAndOverlongRows) {
     EXPECT_EQ(t[2][360], 360.0);
 }
 
-TEST(ProbTableExpansion, StartsFromAClearedTable) {
-    ProbabilityTable t(5);
-    for (auto& row : t) row.fill(42.0);
-    ExpandProbRows({"1X"}, t);
-    ASSERT_EQ(t.size(), 361u);
-    EXPECT_EQ(t[0][0], 0.0);
-    EXPECT_EQ(t[1][1], 0.0);
-    EXPECT_EQ(t[1][360], 1.0);
-    EXPECT_EQ(t[4][4], 0.0);
-}
-
 TEST(ProbabilityLookup, RoundsHalvesToEvenAndStaysInside) {
     ProbabilityTable t(361);
-    t[90][136] = 1;
-    t[92][136] = 2;
-    t[90][134] = 3;
-    t[360][360] = 4;
-    t[0][0] = 5;
-    EXPECT_EQ(ProbabilityAt(t, 90.4, 135.6), 1.0);
-    EXPECT_EQ(ProbabilityAt(t, 90.5, 135.5), 1.0); // both halves go down or up to the even degree
-    EXPECT_EQ(ProbabilityAt(t, 91.5, 136.5), 2.0);
-    EXPECT_EQ(ProbabilityAt(t, 89.5, 134.5), 3.0);
-    EXPECT_EQ(ProbabilityAt(t, 360.5, 360.5), 4.0);
-    EXPECT_EQ(ProbabilityAt(t, -0.5, -0.5), 5.0);
-    EXPECT_EQ(ProbabilityAt(t, 360.6, 360.0), 0.0);
-    EXPECT_EQ(ProbabilityAt(t, 360.0, -0.6), 0.0);
-    EXPECT_EQ(ProbabilityAt(t, -1.0, 10.0), 0.0);
+    for (const Cell& c : {Cell{90, 136, 1}, {92, 136, 2}, {90, 134, 3}, {360, 360, 4}, {0, 0, 5}}) t[c.io][c.cml] = c.value;
+    // Both halves go down or up to the even degree; outside the table reads 0.
+    const std::array<double, 3> cases[] = {{90.4, 135.6, 1}, {90.5, 135.5, 1},   {91.5, 136.5, 2},
+                                           {89.5, 134.5, 3}, {360.5, 360.5, 4},  {-0.5, -0.5, 5},
+                                           {360.6, 360, 0},  {360, -0.6, 0},     {-1, 10, 0}};
+    for (const auto& [io, cml, value] : cases) EXPECT_EQ(ProbabilityAt(t, io, cml), value) << io << "," << cml;
     EXPECT_EQ(ProbabilityAt(ProbabilityTable{}, 90.0, 136.0), 0.0); // never loaded
 
     const ProbabilityTable built = BuiltIn();

@@ -19,6 +19,7 @@
 
 #include <array>
 #include <cmath>
+#include <functional>
 
 namespace tarvelle {
 namespace {
@@ -40,16 +41,29 @@ void PaintGradient(PlotSurface& s) {
     s.SetBackgroundPicture(picture);
 }
 
+struct Px {
+    int x, y, colour;
+};
+
+// Each listed pixel holds its colour.
+void ExpectPixels(const PlotSurface& s, std::initializer_list<Px> pixels) {
+    for (const Px& p : pixels) EXPECT_EQ(s.Pixel(p.x, p.y), p.colour) << p.x << "," << p.y;
+}
+
+// Every pixel holds the colour the rule gives for its place; -1 lets it be anything.
+void ExpectImage(const PlotSurface& s, const std::function<int(int x, int y)>& rule) {
+    for (int y = 0; y < s.PixelHeight(); ++y)
+        for (int x = 0; x < s.PixelWidth(); ++x)
+            if (const int want = rule(x, y); want >= 0) ASSERT_EQ(s.Pixel(x, y), want) << x << "," << y;
+}
+
 TEST(ScaleFrameTest, CentredSkyScalePutsOriginInTheMiddleWithYUp) {
     PlotSurface s(200, 200);
     s.SetScale(-1.02f, 1.02f, 1.02f, -1.02f);
     const ScaleFrame f = s.Frame();
-    EXPECT_EQ(f.PixelColumn(0.0), 100);
-    EXPECT_EQ(f.PixelRow(0.0), 100);
-    EXPECT_LT(f.PixelRow(0.5), 100); // y grows upwards
-    EXPECT_GT(f.PixelColumn(0.5), 100);
-    EXPECT_EQ(f.PixelColumn(-1.02), 0);
-    EXPECT_EQ(f.PixelRow(1.02), 0);
+    EXPECT_EQ((std::array{f.PixelColumn(0.0), f.PixelRow(0.0), f.PixelColumn(-1.02), f.PixelRow(1.02)}),
+              (std::array{100, 100, 0, 0}));
+    EXPECT_TRUE(f.PixelRow(0.5) < 100 && f.PixelColumn(0.5) > 100); // y grows upwards
     EXPECT_FLOAT_EQ(s.ScaleWidth(), 2.04f);
     EXPECT_FLOAT_EQ(s.ScaleHeight(), -2.04f); // the sky map's radius is the height times -0.0175
     // Pixel corners and user points map back and forth.
@@ -65,12 +79,14 @@ TEST(ScaleFrameTest, CentredSkyScalePutsOriginInTheMiddleWithYUp) {
 TEST(ScaleFrameTest, ReversedAxesAndOtherModes) {
     PlotSurface s(100, 50);
     s.SetScale(10.0f, 0.0f, 0.0f, 10.0f); // x runs right to left
-    EXPECT_EQ(s.Frame().PixelColumn(9.95), 0);
-    EXPECT_EQ(s.Frame().PixelColumn(0.05), 99);
-    EXPECT_EQ(s.Frame().PixelRow(9.9), 49);
+    EXPECT_EQ((std::array{s.Frame().PixelColumn(9.95), s.Frame().PixelColumn(0.05), s.Frame().PixelRow(9.9)}),
+              (std::array{0, 99, 49}));
+    // Changing the scale leaves the drawing alone.
+    s.DrawLine(0.0f, 0.0f, 10.0f, 3.0f, QBColor(4));
+    s.FillBox(3.0f, 6.0f, 9.0f, 2.0f, QBColor(2));
+    const QImage drawn = s.Image().copy();
 
     s.SetPixelScale();
-    EXPECT_EQ(s.Mode(), ScaleMode::Pixel);
     EXPECT_FLOAT_EQ(s.ScaleWidth(), 100.0f);
     EXPECT_FLOAT_EQ(s.ScaleHeight(), 50.0f);
     s.SetScaleMode(ScaleMode::User); // the user scale was lost: the pixel extent takes its place
@@ -84,38 +100,20 @@ TEST(ScaleFrameTest, ReversedAxesAndOtherModes) {
     s.SetScale(0.0f, 90.0f, 360.0f, -10.0f);
     s.SetScale(5.0f, 1.0f, 5.0f, 0.0f);
     EXPECT_FLOAT_EQ(s.ScaleWidth(), 360.0f);
-}
-
-TEST(PlotSurfaceTest, PixelModeAndBackLeaveTheImageAlone) {
-    PlotSurface s(120, 80);
-    s.SetScale(0.0f, 90.0f, 360.0f, -10.0f);
-    s.DrawLine(0.0f, 0.0f, 360.0f, 0.0f, QBColor(4));
-    s.FillBox(30.0f, 60.0f, 90.0f, 20.0f, QBColor(2));
-    const QImage before = s.Image().copy();
-    s.SetPixelScale();
-    EXPECT_FLOAT_EQ(s.ScaleWidth(), 120.0f);
-    s.SetScale(0.0f, 90.0f, 360.0f, -10.0f);
-    EXPECT_EQ(s.Image(), before);
+    EXPECT_EQ(s.Image(), drawn);
 }
 
 TEST(PlotSurfaceTest, BoxesIncludeBothCornersWhateverTheirOrder) {
     PlotSurface s(20, 20, QBColor(15));
     s.FillBox(5.0f, 7.0f, 2.0f, 3.0f, QBColor(9));
-    for (int y = 0; y < 20; ++y)
-        for (int x = 0; x < 20; ++x) {
-            const bool inside = x >= 2 && x <= 5 && y >= 3 && y <= 7;
-            EXPECT_EQ(s.Pixel(x, y), inside ? QBColor(9) : QBColor(15)) << x << "," << y;
-        }
+    ExpectImage(s, [](int x, int y) { return x >= 2 && x <= 5 && y >= 3 && y <= 7 ? QBColor(9) : QBColor(15); });
     EXPECT_FLOAT_EQ(s.CurrentX(), 2.0f);
     EXPECT_FLOAT_EQ(s.CurrentY(), 3.0f);
 
     s.Clear();
     s.SetPenColour(QBColor(4));
     s.DrawBox(2.0f, 3.0f, 5.0f, 7.0f);
-    EXPECT_EQ(s.Pixel(2, 3), QBColor(4));
-    EXPECT_EQ(s.Pixel(5, 7), QBColor(4));
-    EXPECT_EQ(s.Pixel(5, 5), QBColor(4));
-    EXPECT_EQ(s.Pixel(3, 5), QBColor(15)); // outline only
+    ExpectPixels(s, {{2, 3, QBColor(4)}, {5, 7, QBColor(4)}, {5, 5, QBColor(4)}, {3, 5, QBColor(15)}}); // outline only
     EXPECT_EQ(CountNot(s, QBColor(15)), 2 * 4 + 2 * 3);
 
     // The prediction chart's minute boxes on a narrower image leave no gap.
@@ -141,8 +139,7 @@ TEST(PlotSurfaceTest, LinesAreSolidOrDottedAndWide) {
     s.SetLineWidth(3);
     s.DrawLine(10.0f, 5.0f, 20.0f, 5.0f, 0xFFFFFF);
     EXPECT_EQ(CountNot(s, 0), 13 * 3); // square ends one pixel past each end
-    EXPECT_EQ(s.Pixel(9, 4), 0xFFFFFF);
-    EXPECT_EQ(s.Pixel(21, 6), 0xFFFFFF);
+    ExpectPixels(s, {{9, 4, 0xFFFFFF}, {21, 6, 0xFFFFFF}});
     s.DrawPoint(30.0f, 5.0f, 0xFFFF);
     EXPECT_EQ(CountNot(s, 0), 13 * 3 + 9);
 
@@ -160,24 +157,16 @@ TEST(PlotSurfaceTest, CircleFillStylesAndAspect) {
     s.SetFillColour(kRed);
     s.DrawCircle(20.0f, 20.0f, 10.0f, kRed);
     // A plain disc: every pixel within the radius, none beyond it.
-    for (int y = 0; y < 41; ++y)
-        for (int x = 0; x < 41; ++x) {
-            const int d2 = (x - 20) * (x - 20) + (y - 20) * (y - 20);
-            if (d2 <= 81) {
-                EXPECT_EQ(s.Pixel(x, y), kRed) << x << "," << y;
-            }
-            if (d2 >= 121) {
-                EXPECT_EQ(s.Pixel(x, y), kGreen) << x << "," << y;
-            }
-        }
-    EXPECT_EQ(s.Pixel(30, 20), kRed);
-    EXPECT_EQ(s.Pixel(20, 10), kRed);
+    ExpectImage(s, [](int x, int y) {
+        const int d2 = (x - 20) * (x - 20) + (y - 20) * (y - 20);
+        return d2 <= 81 ? kRed : d2 >= 121 ? kGreen : -1;
+    });
+    ExpectPixels(s, {{30, 20, kRed}, {20, 10, kRed}});
 
     s.Clear();
     s.SetFillStyle(FillStyle::Transparent);
     s.DrawCircle(20.0f, 20.0f, 10.0f, kRed);
-    EXPECT_EQ(s.Pixel(20, 20), kGreen);
-    EXPECT_EQ(s.Pixel(30, 20), kRed);
+    ExpectPixels(s, {{20, 20, kGreen}, {30, 20, kRed}});
     // The outline is closed: each row between top and bottom meets it on both sides, and
     // nothing lies inside.
     for (int y = 11; y <= 29; ++y) {
@@ -191,27 +180,21 @@ TEST(PlotSurfaceTest, CircleFillStylesAndAspect) {
     s.SetFillStyle(FillStyle::Solid);
     s.SetFillColour(QBColor(14));
     s.DrawCircle(20.0f, 20.0f, 10.0f, QBColor(5));
-    EXPECT_EQ(s.Pixel(20, 20), QBColor(14));
-    EXPECT_EQ(s.Pixel(30, 20), QBColor(5));
+    ExpectPixels(s, {{20, 20, QBColor(14)}, {30, 20, QBColor(5)}});
 
     // Aspect below 1 squeezes the height; above 1 the radius is the vertical one.
     s.Clear();
     s.DrawCircle(20.0f, 20.0f, 10.0f, kRed, 0.5f);
-    EXPECT_EQ(s.Pixel(30, 20), kRed);
-    EXPECT_EQ(s.Pixel(20, 15), kRed);
-    EXPECT_EQ(s.Pixel(20, 13), kGreen);
+    ExpectPixels(s, {{30, 20, kRed}, {20, 15, kRed}, {20, 13, kGreen}});
     s.Clear();
     s.DrawCircle(20.0f, 20.0f, 10.0f, kRed, 2.0f);
-    EXPECT_EQ(s.Pixel(20, 10), kRed);
-    EXPECT_EQ(s.Pixel(25, 20), kRed);
-    EXPECT_EQ(s.Pixel(27, 20), kGreen);
+    ExpectPixels(s, {{20, 10, kRed}, {25, 20, kRed}, {27, 20, kGreen}});
 
     // The radius is in units of the x axis, whatever the y axis does.
     PlotSurface map(200, 100, 0);
     map.SetScale(-1.0f, 1.0f, 1.0f, -1.0f);
     map.DrawCircle(0.0f, 0.0f, 0.5f, 0xFFFFFF);
-    EXPECT_EQ(map.Pixel(150, 50), 0xFFFFFF);
-    EXPECT_EQ(map.Pixel(100, 0), 0xFFFFFF);
+    ExpectPixels(map, {{150, 50, 0xFFFFFF}, {100, 0, 0xFFFFFF}});
 }
 
 TEST(PlotSurfaceTest, XorDrawingTwiceRestoresTheImage) {
@@ -248,7 +231,6 @@ TEST(PlotSurfaceTest, XorDrawingTwiceRestoresTheImage) {
     band.Erase(s);
     EXPECT_EQ(s.Image(), before);
     EXPECT_FALSE(band.Active());
-    EXPECT_EQ(s.GetDrawMode(), DrawMode::Xor);
 }
 
 TEST(PlotSurfaceTest, RasterModesWorkBitByBit) {
@@ -271,10 +253,7 @@ TEST(PlotSurfaceTest, CopyBlockIsClippedAtEveryEdge) {
     const auto from = [&](int x, int y) { return src.Pixel(x, y); };
 
     dst.CopyBlock(-3, -2, 6, 6, src, 1, 1, RasterMode::Copy);
-    EXPECT_EQ(dst.Pixel(0, 0), from(4, 3));
-    EXPECT_EQ(dst.Pixel(2, 3), from(6, 6));
-    EXPECT_EQ(dst.Pixel(3, 0), 0);
-    EXPECT_EQ(dst.Pixel(0, 4), 0);
+    ExpectPixels(dst, {{0, 0, from(4, 3)}, {2, 3, from(6, 6)}, {3, 0, 0}, {0, 4, 0}});
 
     dst.Clear();
     dst.CopyBlock(7, 8, 19, 19, src, 0, 0, RasterMode::Copy);
@@ -328,17 +307,12 @@ TEST(PictureStoreTest, SpritesShareOneDiscOf224Pixels) {
             }
             ASSERT_EQ(store.PicMask.Pixel(x, y), in ? 0 : 0xFFFFFF) << x << "," << y;
             ASSERT_EQ(store.PicSun.Pixel(x, y), in ? RGB(255, 255, 0) : 0) << x << "," << y;
-            if (in)
-                ASSERT_NE(store.PicJup.Pixel(x, y), 0);
-            else
-                ASSERT_EQ(store.PicJup.Pixel(x, y), 0);
+            ASSERT_EQ(store.PicJup.Pixel(x, y) != 0, in) << x << "," << y;
         }
     EXPECT_EQ(disc, kSpriteDiscPixels);
     EXPECT_EQ(kSpriteSize * kSpriteSize - disc, 137);
-    EXPECT_EQ(minX, 1);
-    EXPECT_EQ(maxX - minX + 1, 17);
-    EXPECT_EQ(minY, 1);
-    EXPECT_EQ(maxY - minY + 1, 16);
+    // The disc spans columns 1 to 17 and rows 1 to 16.
+    EXPECT_EQ((std::array{minX, maxX, minY, maxY}), (std::array{1, 17, 1, 16}));
 }
 
 TEST(PictureStoreTest, AllSkyPictureIsTheSameOnEveryRun) {
@@ -370,17 +344,13 @@ TEST(SpriteTest, MaskThenSpriteKeepsTheOuterPixelsOnAnyBackground) {
             plot.Clear();
             DrawSprite(plot, *sprite, store.PicMask, 11, 7);
             int outside = 0;
-            for (int y = 0; y < 40; ++y)
-                for (int x = 0; x < 40; ++x) {
-                    const int bx = x - 11, by = y - 7;
-                    const bool inBlock = bx >= 0 && by >= 0 && bx < kSpriteSize && by < kSpriteSize;
-                    if (inBlock && SpriteDiscContains(bx, by)) {
-                        ASSERT_EQ(plot.Pixel(x, y), sprite->Pixel(bx, by));
-                    } else {
-                        ASSERT_EQ(plot.Pixel(x, y), FromQRgb(before.pixel(x, y))) << x << "," << y;
-                        outside += inBlock;
-                    }
-                }
+            ExpectImage(plot, [&](int x, int y) {
+                const int bx = x - 11, by = y - 7;
+                const bool inBlock = bx >= 0 && by >= 0 && bx < kSpriteSize && by < kSpriteSize;
+                if (inBlock && SpriteDiscContains(bx, by)) return sprite->Pixel(bx, by);
+                outside += inBlock;
+                return FromQRgb(before.pixel(x, y));
+            });
             EXPECT_EQ(outside, 137);
         }
     }
@@ -397,7 +367,6 @@ TEST(SpriteTest, MoveSpritePutsBackWhatLayUnderneath) {
 
     MoveSprite(plot, store.PicJup, store.PicMask, store.PicBack1, state, 5, 5);
     EXPECT_TRUE(state.onPlot);
-    EXPECT_EQ(state.width, kSpriteSize);
     EXPECT_EQ(store.PicBack1.Pixel(0, 0), FromQRgb(clean.pixel(5, 5)));
     EXPECT_EQ(plot.Pixel(5 + 9, 5 + 8), store.PicJup.Pixel(9, 8));
     EXPECT_EQ(plot.Shown(), plot.Image());
@@ -433,9 +402,8 @@ TEST(PlotSurfaceTest, ClearBringsBackThePictureAndTheOrigin) {
     s.FillBox(-1.0f, 1.0f, 1.0f, -1.0f, 0);
     s.SetCurrentPoint(0.5f, 0.5f);
     s.Clear();
-    EXPECT_EQ(s.Pixel(3, 4), RGB(250, 0, 0));
-    EXPECT_EQ(s.Pixel(0, 0), RGB(10, 200, 30));
-    EXPECT_EQ(s.Pixel(40, 40), QBColor(1)); // beyond the picture, the background colour
+    // Beyond the picture, the background colour.
+    ExpectPixels(s, {{3, 4, RGB(250, 0, 0)}, {0, 0, RGB(10, 200, 30)}, {40, 40, QBColor(1)}});
     EXPECT_FLOAT_EQ(s.CurrentX(), 0.0f);
 
     // A one-pixel GIF whose palette entry 0 is red: LZW codes clear, 0, end.
@@ -447,8 +415,7 @@ TEST(PlotSurfaceTest, ClearBringsBackThePictureAndTheOrigin) {
     gifFile.write(gif);
     gifFile.close();
     ASSERT_TRUE(s.LoadBackground(gifFile.fileName()));
-    EXPECT_EQ(s.Pixel(0, 0), RGB(255, 0, 0));
-    EXPECT_EQ(s.Pixel(1, 0), QBColor(1));
+    ExpectPixels(s, {{0, 0, RGB(255, 0, 0)}, {1, 0, QBColor(1)}});
 
     QString error;
     EXPECT_FALSE(s.LoadBackground(dir.filePath("missing.gif"), &error));
@@ -493,31 +460,26 @@ TEST(PlotSurfaceTest, StretchPictureScalesByNearestPixel) {
     src.FillBox(1.0f, 1.0f, 1.0f, 1.0f, 0xFF00);
     dst.SetScale(0.0f, 0.0f, 2.0f, 2.0f);
     dst.StretchPicture(src, 0.0f, 0.0f, 1.0f, 1.0f); // into the top-left 4 x 4
-    for (int y = 0; y < 8; ++y)
-        for (int x = 0; x < 8; ++x) {
-            int want = 0;
-            if (x < 4 && y < 4) want = x < 2 && y < 2 ? 0xFF : (x >= 2 && y >= 2 ? 0xFF00 : 0xFFFFFF);
-            ASSERT_EQ(dst.Pixel(x, y), want) << x << "," << y;
-        }
+    ExpectImage(dst, [](int x, int y) {
+        if (x >= 4 || y >= 4) return 0;
+        return x < 2 && y < 2 ? 0xFF : (x >= 2 && y >= 2 ? 0xFF00 : 0xFFFFFF);
+    });
     // A part of the source, and a negative extent mirrors it.
     dst.Clear();
     dst.StretchPicture(src, 2.0f, 0.0f, -2.0f, 2.0f, QRectF(0, 0, 1, 2));
-    EXPECT_EQ(dst.Pixel(7, 0), 0xFF);
-    EXPECT_EQ(dst.Pixel(0, 7), 0xFFFFFF);
+    ExpectPixels(dst, {{7, 0, 0xFF}, {0, 7, 0xFFFFFF}});
 }
 
 TEST(PlotWidgetTest, MouseIsReportedInTheSurfaceCoordinatesOfTheMoment) {
     PlotWidget widget(360, 200);
     widget.Surface().SetScale(0.0f, 90.0f, 360.0f, -10.0f);
-    struct Event {
-        char kind;
-        int button;
-        float x, y;
+    QStringList events; // kind, buttons, x and y
+    const auto record = [&](char kind) {
+        return [&events, kind](int b, float x, float y) { events << QString::asprintf("%c%d %g %g", kind, b, x, y); };
     };
-    std::vector<Event> events;
-    QObject::connect(&widget, &PlotWidget::mouseDown, [&](int b, float x, float y) { events.push_back({'d', b, x, y}); });
-    QObject::connect(&widget, &PlotWidget::mouseMove, [&](int b, float x, float y) { events.push_back({'m', b, x, y}); });
-    QObject::connect(&widget, &PlotWidget::mouseUp, [&](int b, float x, float y) { events.push_back({'u', b, x, y}); });
+    QObject::connect(&widget, &PlotWidget::mouseDown, record('d'));
+    QObject::connect(&widget, &PlotWidget::mouseMove, record('m'));
+    QObject::connect(&widget, &PlotWidget::mouseUp, record('u'));
     widget.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget));
 
@@ -530,15 +492,7 @@ TEST(PlotWidgetTest, MouseIsReportedInTheSurfaceCoordinatesOfTheMoment) {
     QTest::mousePress(&widget, Qt::RightButton, Qt::NoModifier, QPoint(36, 100));
 
     // One degree of altitude is two pixels; the last press is read in the pixel scale.
-    const Event expected[] = {{'d', 1, 180.0f, 80.0f}, {'u', 2, 90.0f, 0.0f}, {'m', 1 + 4, 36.0f, 40.0f},
-                              {'d', 2, 36.0f, 100.0f}};
-    ASSERT_EQ(events.size(), 4u);
-    for (size_t i = 0; i < 4; ++i) {
-        EXPECT_EQ(events[i].kind, expected[i].kind) << i;
-        EXPECT_EQ(events[i].button, expected[i].button) << i;
-        EXPECT_FLOAT_EQ(events[i].x, expected[i].x) << i;
-        EXPECT_FLOAT_EQ(events[i].y, expected[i].y) << i;
-    }
+    EXPECT_EQ(events, QStringList({"d1 180 80", "u2 90 0", "m5 36 40", "d2 36 100"}));
 }
 
 // The camera copies through the surface's clipboard copy; the picture shown waits for a refresh.
@@ -566,12 +520,6 @@ protected:
     ScriptedDialogs dialogs;
 };
 
-TEST_F(PagePrinterTest, CancelledDialogPrintsNothing) {
-    PagePrinter page;
-    EXPECT_FALSE(page.ChoosePrinter(dialogs));
-    EXPECT_EQ(dialogs.printDialogs, 1);
-}
-
 // Counts the page objects of a PDF, not the page tree.
 int PdfPages(const QByteArray& pdf) {
     int pages = 0;
@@ -580,7 +528,9 @@ int PdfPages(const QByteArray& pdf) {
     return pages;
 }
 
-TEST_F(PagePrinterTest, TwoPagesToPdf) {
+TEST_F(PagePrinterTest, TwoPagesToPdfAndNothingWhenCancelled) {
+    EXPECT_FALSE(PagePrinter().ChoosePrinter(dialogs));
+    EXPECT_EQ(dialogs.printDialogs, 1);
     dialogs.printToPdf = dir.filePath("out.pdf");
     {
         PagePrinter page;
@@ -598,12 +548,10 @@ TEST_F(PagePrinterTest, TwoPagesToPdf) {
         page.PrintLine({PagePrinter::Tab(30), "Page ", QString::number(page.Page())});
         page.EndDocument();
         EXPECT_FALSE(page.Failed());
-        ASSERT_EQ(page.Output().size(), 5u);
-        EXPECT_EQ(page.Output()[0].page, 1);
-        EXPECT_DOUBLE_EQ(page.Output()[0].x, 1.0);
-        EXPECT_DOUBLE_EQ(page.Output()[0].y, 0.5);
-        EXPECT_EQ(page.Output()[4].page, 2);
-        EXPECT_EQ(page.Output()[4].text, "2");
+        const auto& out = page.Output();
+        ASSERT_EQ(out.size(), 5u);
+        EXPECT_TRUE(out[0].page == 1 && out[0].x == 1.0 && out[0].y == 0.5);
+        EXPECT_TRUE(out[4].page == 2 && out[4].text == "2");
     }
     QFile file(dialogs.printToPdf);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -624,8 +572,6 @@ TEST_F(PagePrinterTest, TabStopsCountAverageCharacterWidths) {
     QPdfWriter probe(dir.filePath("probe.pdf"));
     probe.setResolution(1200);
     EXPECT_NEAR(avg, QFontMetricsF(font, &probe).averageCharWidth() / 1200.0, 1e-9);
-    EXPECT_GT(avg, 0.04);
-    EXPECT_LT(avg, 0.12);
 
     page.PrintLine({PagePrinter::Tab(10), "Begin", PagePrinter::Tab(20), "End", PagePrinter::Tab(21), "x"});
     const auto& out = page.Output();

@@ -39,47 +39,35 @@ protected:
 
 } // namespace
 
-TEST(ErrorText, KnownNumbersReadAsTheirSentences) {
+// Known numbers read as their sentences; the comm port's has carriage returns alone; other
+// numbers carry the Str form, a minus taking the blank's place.
+TEST(ErrorText, KnownNumbersReadAsTheirSentencesOthersAsNumbers) {
     const std::pair<int, const char*> cases[] = {
         {6, "OverFlow"},           {53, "File Not Found"},
         {57, "Device I/O Error"},  {62, "Input Past End of File"},
         {70, "Permission Denied"}, {74, "Can't Rename with Different Drive"},
         {76, "Path Not Found"},    {453, "Specified DLL Function Can't Be Found"},
         {482, "Printer Error"},
+        {380, "If this error occurs when accessing\ra Comm Port, a bad Comm paramter\rshould be suspected."},
+        {999, "Error # 999"},      {0, "Error # 0"},
+        {5, "Error # 5"},          {381, "Error # 381"}, // between and after numbers of the table
+        {-3, "Error #-3"},
     };
     for (const auto& [n, text] : cases) EXPECT_EQ(ErrorText(n), text) << n;
 }
 
-TEST(ErrorText, CommPortTextHasCarriageReturnsAlone) {
-    const std::string t = ErrorText(380);
-    EXPECT_EQ(t,
-              "If this error occurs when accessing\ra Comm Port, a bad Comm paramter\rshould be suspected.");
-    EXPECT_EQ(t.find('\n'), std::string::npos);
-}
-
-TEST(ErrorText, OtherNumbersCarryTheStrForm) {
-    EXPECT_EQ(ErrorText(999), "Error # 999");
-    EXPECT_EQ(ErrorText(0), "Error # 0");
-    EXPECT_EQ(ErrorText(5), "Error # 5"); // between two numbers of the table
-    EXPECT_EQ(ErrorText(381), "Error # 381");
-    EXPECT_EQ(ErrorText(-3), "Error #-3"); // a minus takes the blank's place
-}
-
-TEST(ShellPaths, StripTrailingSlashTakesOffEveryOne) {
-    EXPECT_EQ(StripTrailingSlash("/home/obs/Antennas//"), "/home/obs/Antennas");
-    EXPECT_EQ(StripTrailingSlash("/home/obs/Antennas/"), "/home/obs/Antennas");
-    EXPECT_EQ(StripTrailingSlash("/home/obs/Antennas"), "/home/obs/Antennas");
-    EXPECT_EQ(StripTrailingSlash("a//b"), "a//b"); // only the end
-    EXPECT_EQ(StripTrailingSlash("//"), "");
-    EXPECT_EQ(StripTrailingSlash(""), "");
-}
-
-TEST(ShellPaths, LastPathPartIsTheFileName) {
-    EXPECT_EQ(LastPathPart("/home/obs/Antennas/dipole.ant"), "dipole.ant");
-    EXPECT_EQ(LastPathPart("dipole.ant"), "dipole.ant"); // no separator: the text itself
-    EXPECT_EQ(LastPathPart("/dipole.ant"), "dipole.ant");
-    EXPECT_EQ(LastPathPart("Antennas/"), "");
-    EXPECT_EQ(LastPathPart(""), "");
+TEST(ShellPaths, StripTrailingSlashAndLastPathPart) {
+    // Every trailing slash goes, and only those at the end.
+    const std::pair<const char*, const char*> strip[] = {{"/home/obs/Antennas//", "/home/obs/Antennas"},
+                                                         {"/home/obs/Antennas/", "/home/obs/Antennas"},
+                                                         {"/home/obs/Antennas", "/home/obs/Antennas"},
+                                                         {"a//b", "a//b"}, {"//", ""}, {"", ""}};
+    for (const auto& [path, stripped] : strip) EXPECT_EQ(StripTrailingSlash(path), stripped) << path;
+    // The file name; with no separator, the text itself.
+    const std::pair<const char*, const char*> last[] = {{"/home/obs/Antennas/dipole.ant", "dipole.ant"},
+                                                        {"dipole.ant", "dipole.ant"}, {"/dipole.ant", "dipole.ant"},
+                                                        {"Antennas/", ""}, {"", ""}};
+    for (const auto& [path, name] : last) EXPECT_EQ(LastPathPart(path), name) << path;
 }
 
 TEST_F(TempTree, ListFilesWalksBreadthFirstInNameOrder) {
@@ -104,15 +92,11 @@ TEST_F(TempTree, ListFilesWalksBreadthFirstInNameOrder) {
     EXPECT_EQ(files, expected);
     EXPECT_EQ(folders, 4); // empty, m, z, m/n
     EXPECT_EQ(count, 5);   // counts start at 0; the list is appended to
-}
 
-TEST_F(TempTree, ListFilesOfAMissingFolderFindsNothing) {
-    std::vector<std::string> files;
-    int folders = 7, count = 7;
-    ListFiles(root + "/nowhere", files, folders, count);
-    EXPECT_TRUE(files.empty());
-    EXPECT_EQ(folders, 0);
-    EXPECT_EQ(count, 0);
+    // A missing folder finds nothing and sets the counts to 0.
+    std::vector<std::string> none;
+    ListFiles(root + "/nowhere", none, folders, count);
+    EXPECT_TRUE(none.empty() && folders == 0 && count == 0);
 }
 
 TEST_F(TempTree, ListFilesDoesNotLoopThroughALinkBackUp) {
@@ -124,8 +108,7 @@ TEST_F(TempTree, ListFilesDoesNotLoopThroughALinkBackUp) {
     int folders = 0, count = 0;
     ListFiles(root, files, folders, count);
     EXPECT_EQ(files, (std::vector<std::string>{root + "/top.ant", root + "/sub/inner.ant"}));
-    EXPECT_EQ(folders, 1);
-    EXPECT_EQ(count, 2);
+    EXPECT_TRUE(folders == 1 && count == 2);
 }
 
 TEST_F(TempTree, MakeFolderCreatesParentsOrSaysWhy) {
