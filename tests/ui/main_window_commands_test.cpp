@@ -14,12 +14,10 @@
 #include <QApplication>
 #include <QTest>
 #include <QCalendarWidget>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include <functional>
@@ -28,11 +26,6 @@
 using namespace tarvelle;
 
 namespace {
-
-DateTimeBoxes Boxes(const char* y, const char* m, const char* d, const char* h = "0", const char* n = "0",
-                    const char* s = "0") {
-    return {y, m, d, h, n, s};
-}
 
 // Runs `act` on the next modal dialog that opens, once it is up.
 void OnNextModal(std::function<void(QWidget*)> act) {
@@ -64,33 +57,38 @@ TEST(TimeEntry, DatesFallBackOnTodayOrRollOver) {
         {"3000", "12", "32", DateSerial(3001, 1, 1), ""},
     };
     for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.y) + "-" + c.m + "-" + c.d);
         std::vector<std::string> messages;
-        DateTimeBoxes b = Boxes(c.y, c.m, c.d);
+        DateTimeBoxes b{c.y, c.m, c.d, "0", "0", "0"};
         const double date = DateFromBoxes(b, today, messages);
-        EXPECT_EQ(date, c.date) << c.y << "-" << c.m << "-" << c.d;
-        ASSERT_EQ(messages.size(), c.message.empty() ? 0u : 1u) << c.y << "-" << c.m << "-" << c.d;
+        EXPECT_EQ(date, c.date);
+        ASSERT_EQ(messages.size(), c.message.empty() ? 0u : 1u);
         if (!c.message.empty()) {
             EXPECT_EQ(messages[0].rfind(c.message, 0), 0u) << messages[0];
         }
         // The boxes show the date used: today, or the date a roll-over became.
-        EXPECT_EQ(b.Y + b.M + b.D, FormatDateMask(date, "yyyymmdd")) << c.y << "-" << c.m << "-" << c.d;
+        EXPECT_EQ(b.Y + b.M + b.D, FormatDateMask(date, "yyyymmdd"));
     }
 }
 
+// Times out of range are clamped and written back to the boxes; a blank hour reads as 0 and
+// stays blank.
 TEST(TimeEntry, TimesAreClampedInTheBoxes) {
-    DateTimeBoxes b = Boxes("", "", "", "25", "70", "80");
-    EXPECT_DOUBLE_EQ(TimeFromBoxes(b), TimeSerial(23, 59, 59));
-    EXPECT_EQ(b.H + ":" + b.N + ":" + b.S, "23:59:59");
-    b = Boxes("", "", "", "", "-3", "7");
-    EXPECT_DOUBLE_EQ(TimeFromBoxes(b), TimeSerial(0, 0, 7)); // a blank hour reads as 0
-    EXPECT_EQ(b.N, "00");
-    EXPECT_EQ(b.H, "");
+    const struct {
+        const char *h, *n, *s;
+        double time;
+        const char* shown;
+    } cases[] = {{"25", "70", "80", TimeSerial(23, 59, 59), "23:59:59"}, {"", "-3", "7", TimeSerial(0, 0, 7), ":00:7"}};
+    for (const auto& c : cases) {
+        DateTimeBoxes b{"", "", "", c.h, c.n, c.s};
+        EXPECT_DOUBLE_EQ(TimeFromBoxes(b), c.time) << c.shown;
+        EXPECT_EQ(b.H + ":" + b.N + ":" + b.S, c.shown);
+    }
 }
 
 TEST(TimeEntry, TypedTimesAreNormalisedOrRefused) {
-    EXPECT_EQ(NormaliseTimeText(" 1:2:3 "), "01:02:03");
-    EXPECT_EQ(NormaliseTimeText("12:00:00"), "12:00:00");
-    EXPECT_EQ(NormaliseTimeText("9:05:7"), "09:05:07");
+    for (auto [typed, shown] : {std::pair{" 1:2:3 ", "01:02:03"}, {"12:00:00", "12:00:00"}, {"9:05:7", "09:05:07"}})
+        EXPECT_EQ(NormaliseTimeText(typed), shown);
     for (const char* bad : {"1:2", "12:30", ":12:00", "1::0", "24:00:00", "12:60:00", "12:00:61", "ab:cd:ef", "12-00-00",
                             "12:00:00:00", "1.5:00:00"})
         EXPECT_FALSE(NormaliseTimeText(bad)) << bad;
@@ -110,27 +108,32 @@ protected:
                form->txtN->text() + ":" + form->txtS->text();
     }
     void SetBoxes(const char* y, const char* m, const char* d, const char* h, const char* n, const char* s) {
-        form->txtY->setText(y);
-        form->txtM->setText(m);
-        form->txtD->setText(d);
-        form->txtH->setText(h);
-        form->txtN->setText(n);
-        form->txtS->setText(s);
+        for (auto [box, text] : {std::pair{form->txtY, y}, {form->txtM, m}, {form->txtD, d}, {form->txtH, h},
+                                 {form->txtN, n}, {form->txtS, s}})
+            box->setText(text);
     }
+    static QString Stamp(double ut) { return QString::fromStdString(FormatDateMask(ut, "yyyy-mm-dd hh:nn:ss")); }
 
     std::unique_ptr<Form1> form;
 };
 
 } // namespace
 
+// Fixing the time freezes the instant shown: in GMT the boxes stay as they were, in local time
+// the instant is the clock moved to GMT and the boxes show it locally.
 TEST_F(CommandsTest, RealToFixedAndBack) {
+    form->Timer1Tick();
+    const QString shown = Boxes();
+    form->cmdReal->click();
+    EXPECT_EQ(Stamp(station->fixed.FixedUT), "2026-11-22 20:30:00");
+    EXPECT_EQ(Boxes(), shown);
+    form->MnuRealTime->trigger();
+
     core().UseGMT = false;
     form->cmdReal->click();
     EXPECT_FALSE(core().RealTimeMode);
     EXPECT_FALSE(form->Timer1()->isActive());
-    EXPECT_EQ(form->LBLQ->text(), "Enter Local Date and Time  -  Press Update when finished.");
-    // In local time the fixed instant is the clock moved to GMT; the boxes show it locally.
-    EXPECT_EQ(FormatDateMask(station->fixed.FixedUT, "hh:nn"), "20:30");
+    EXPECT_EQ(Stamp(station->fixed.FixedUT), "2026-11-22 20:30:00");
     EXPECT_EQ(Boxes(), "2026-11-22 15:30:00");
 
     clock.local = DateSerial(2026, 12, 1) + TimeSerial(1, 0, 0);
@@ -147,21 +150,12 @@ TEST_F(CommandsTest, RealToFixedAndBack) {
     EXPECT_EQ(core().CMLIII, real.CMLIII);
 }
 
-TEST_F(CommandsTest, FixingInGMTFreezesTheInstantShown) {
-    form->Timer1Tick();
-    const QString shown = Boxes();
-    form->cmdReal->click();
-    EXPECT_EQ(form->LBLQ->text(), "Enter GMT Date and Time  -  Press Update when finished.");
-    EXPECT_EQ(FormatDateMask(station->fixed.FixedUT, "yyyy-mm-dd hh:nn:ss"), "2026-11-22 20:30:00");
-    EXPECT_EQ(Boxes(), shown);
-}
-
 TEST_F(CommandsTest, LocalTimeEnteredLandsInGMT) {
     core().UseGMT = false;
     form->cmdReal->click();
     SetBoxes("2026", "11", "23", "12", "00", "00");
     form->cmdUpdateTime->click();
-    EXPECT_EQ(FormatDateMask(core().CurrentUT, "yyyy-mm-dd hh:nn:ss"), "2026-11-23 17:00:00");
+    EXPECT_EQ(Stamp(core().CurrentUT), "2026-11-23 17:00:00");
     EXPECT_EQ(station->fixed.FixedUT, core().CurrentUT);
     EXPECT_EQ(Boxes(), "2026-11-23 12:00:00"); // the boxes keep the local time
     EXPECT_EQ(core().Day.DayMinuteTime[0], DateSerial(2026, 11, 23));
@@ -181,13 +175,11 @@ TEST_F(CommandsTest, BadEntriesAreToldAndClamped) {
     ASSERT_EQ(dialogs.messages.size(), 1u);
     EXPECT_EQ(dialogs.messages[0].text, "Invalid Day or Month - Using Todays Date Instead.");
     EXPECT_EQ(Boxes(), "2026-11-22 23:59:59");
-    EXPECT_EQ(FormatDateMask(core().CurrentUT, "yyyy-mm-dd hh:nn:ss"), "2026-11-22 23:59:59");
+    EXPECT_EQ(Stamp(core().CurrentUT), "2026-11-22 23:59:59");
 
-    dialogs.messages.clear();
     EXPECT_TRUE(form->ParseTimeText("12:5").isEmpty());
-    ASSERT_EQ(dialogs.messages.size(), 1u);
-    EXPECT_EQ(dialogs.messages[0].title, "Time Format Error");
-    EXPECT_EQ(dialogs.messages[0].text, "You entered a time that could not be interpreted. Please re-enter.");
+    ASSERT_EQ(dialogs.messages.size(), 2u);
+    EXPECT_EQ(dialogs.messages[1].text, "You entered a time that could not be interpreted. Please re-enter.");
 }
 
 TEST_F(CommandsTest, GMTAndLocalToggle) {
@@ -196,7 +188,6 @@ TEST_F(CommandsTest, GMTAndLocalToggle) {
     EXPECT_EQ(settings->get("Startup", "UseGMT"), "False");
     EXPECT_EQ(form->txtH->text(), "15");
     form->MnuUseGMT->trigger();
-    EXPECT_TRUE(core().UseGMT);
     EXPECT_EQ(settings->get("Startup", "UseGMT"), "True");
     EXPECT_EQ(form->txtH->text(), "20");
 }
@@ -209,20 +200,17 @@ TEST_F(CommandsTest, CalendarSetsTheDateInFixedTimeOnly) {
         cal->cmdOK->click();
     };
     OnNextModal([pick](QWidget* w) {
-        auto* cal = qobject_cast<FormCalendar*>(w);
-        ASSERT_NE(cal, nullptr);
-        EXPECT_EQ(cal->Calendar1->selectedDate(), QDate(2026, 11, 22)); // opens on the date shown
+        EXPECT_EQ(qobject_cast<FormCalendar*>(w)->Calendar1->selectedDate(), QDate(2026, 11, 22)); // the date shown
         pick(w);
     });
     form->cmdCal->click();
-    EXPECT_TRUE(core().RealTimeMode); // in real time it has only been shown
-    EXPECT_EQ(FormatDateMask(core().CurrentUT, "yyyy-mm-dd"), "2026-11-22");
+    EXPECT_EQ(Stamp(core().CurrentUT), "2026-11-22 20:30:00"); // in real time it has only been shown
 
     form->cmdReal->click();
     SetBoxes("2026", "11", "22", "06", "15", "00");
     OnNextModal(pick);
     form->mnuCalendar->trigger();
-    EXPECT_EQ(FormatDateMask(core().CurrentUT, "yyyy-mm-dd hh:nn:ss"), "2027-03-04 06:15:00");
+    EXPECT_EQ(Stamp(core().CurrentUT), "2027-03-04 06:15:00");
     EXPECT_EQ(station->fixed.FixedUT, core().CurrentUT);
     EXPECT_EQ(core().Day.DayMinuteTime[0], DateSerial(2027, 3, 4));
 
@@ -230,14 +218,14 @@ TEST_F(CommandsTest, CalendarSetsTheDateInFixedTimeOnly) {
     OnNextModal([](QWidget* w) { qobject_cast<FormCalendar*>(w)->cmdCancel->click(); });
     form->cmdCal->click();
     // Cancelled: the date stays, the time comes from the boxes.
-    EXPECT_EQ(FormatDateMask(core().CurrentUT, "yyyy-mm-dd hh:nn:ss"), "2027-03-04 08:00:00");
+    EXPECT_EQ(Stamp(core().CurrentUT), "2027-03-04 08:00:00");
 }
 
-TEST_F(CommandsTest, DateFormatIsSavedAndTheBoxesRearranged) {
+// The chosen date format is saved, and the boxes and their tab order follow it.
+TEST_F(CommandsTest, DateFormatIsSavedAndTheBoxesFollowIt) {
     OnNextModal([](QWidget* w) {
         auto* f = qobject_cast<FormDateFormat*>(w);
         ASSERT_NE(f, nullptr);
-        EXPECT_TRUE(f->OptDFormat[0]->isChecked());
         f->OptDFormat[1]->setChecked(true);
         f->cmdOK->click();
     });
@@ -246,42 +234,6 @@ TEST_F(CommandsTest, DateFormatIsSavedAndTheBoxesRearranged) {
     EXPECT_EQ(settings->get("Settings", "DFormat"), "1");
     EXPECT_LT(form->txtM->x(), form->txtD->x());
     EXPECT_LT(form->txtD->x(), form->txtY->x());
-}
-
-TEST_F(CommandsTest, CloseFormsClosesTheViewsAndNothingElse) {
-    StationWindow view(*station);
-    QWidget other;
-    for (QWidget* w : {static_cast<QWidget*>(&view), &other}) w->show();
-    form->CloseForms();
-    EXPECT_FALSE(view.isVisible());
-    EXPECT_TRUE(other.isVisible());
-}
-
-TEST_F(CommandsTest, WindowMenuBringsAViewWindowBack) {
-    QWidget view;
-    view.show();
-    QAction* item = form->findChild<QAction*>("MnuSkyMap");
-    QAction* entry = form->findChild<QAction*>("MnuWindowSkyMap");
-    form->RegisterViewWindow(&view, item, entry);
-    view.hide();
-    entry->trigger();
-    EXPECT_TRUE(view.isVisible());
-}
-
-TEST_F(CommandsTest, HelpMenuOpensTheHelpPages) {
-    form->findChild<QAction*>("mnuHTMLHelp")->trigger();
-    form->findChild<QAction*>("mnuOnLineHelp")->trigger();
-    EXPECT_EQ(desktop.opened, QStringList({programDir + "gethelp.htm", MakerWebAddress()}));
-}
-
-TEST_F(CommandsTest, EnterAppliesTheBoxesAndTabFollowsTheDateFormat) {
-    form->cmdReal->click();
-    SetBoxes("2024", "03", "05", "12", "00", "00");
-    QTest::keyClick(form->txtS, Qt::Key_Return);
-    EXPECT_EQ(FormatDateMask(station->fixed.FixedUT, "yyyy-mm-dd hh:nn:ss"), "2024-03-05 12:00:00");
-    // Day first: the tab order follows the boxes as shown.
-    core().DateFormatChoice = 1;
-    form->ArrangeDateBoxes();
     const auto order = InDateOrder(1, form->txtY, form->txtM, form->txtD);
     auto nextTabStop = [](QWidget* w) {
         do w = w->nextInFocusChain();
@@ -291,4 +243,32 @@ TEST_F(CommandsTest, EnterAppliesTheBoxesAndTabFollowsTheDateFormat) {
     EXPECT_EQ(nextTabStop(order[0]), order[1]);
     EXPECT_EQ(nextTabStop(order[1]), order[2]);
     EXPECT_EQ(nextTabStop(order[2]), form->txtH);
+}
+
+TEST_F(CommandsTest, EnterInABoxAppliesTheBoxes) {
+    form->cmdReal->click();
+    SetBoxes("2024", "03", "05", "12", "00", "00");
+    QTest::keyClick(form->txtS, Qt::Key_Return);
+    EXPECT_EQ(Stamp(station->fixed.FixedUT), "2024-03-05 12:00:00");
+}
+
+// Closing the views leaves other windows; the Window menu brings a view back; the help menu
+// opens the help pages.
+TEST_F(CommandsTest, ViewWindowsAndHelpMenu) {
+    StationWindow view(*station);
+    QWidget other;
+    for (QWidget* w : {static_cast<QWidget*>(&view), &other}) w->show();
+    form->CloseForms();
+    EXPECT_FALSE(view.isVisible());
+    EXPECT_TRUE(other.isVisible());
+
+    QAction* entry = form->findChild<QAction*>("MnuWindowSkyMap");
+    form->RegisterViewWindow(&other, form->findChild<QAction*>("MnuSkyMap"), entry);
+    other.hide();
+    entry->trigger();
+    EXPECT_TRUE(other.isVisible());
+
+    form->findChild<QAction*>("mnuHTMLHelp")->trigger();
+    form->findChild<QAction*>("mnuOnLineHelp")->trigger();
+    EXPECT_EQ(desktop.opened, QStringList({programDir + "gethelp.htm", MakerWebAddress()}));
 }

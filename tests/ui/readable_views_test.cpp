@@ -67,16 +67,9 @@ TEST(ElidedLabel, TheTextNeverWidensTheLabel) {
     }
 }
 
-class ObserverLooksTest : public StationTest {
-protected:
-    void SetUp() override {
-        StationTest::SetUp();
-        UseSampleObserver();
-        ASSERT_TRUE(QFile::copy(TARVELLE_SOURCE_DATA "/latlng.txt", programDir + "latlng.txt"));
-    }
-};
-
-TEST_F(ObserverLooksTest, TheWindowKeepsItsSizeWhateverItShows) {
+TEST_F(StationTest, TheObserverWindowKeepsItsSizeWhateverItShows) {
+    UseSampleObserver();
+    ASSERT_TRUE(QFile::copy(TARVELLE_SOURCE_DATA "/latlng.txt", programDir + "latlng.txt"));
     core().ObFileName = (programDir + QString(400, 'p') + ".obs").toStdString();
     FormObserver form(*station);
     form.show();
@@ -106,17 +99,17 @@ TEST_F(ObserverLooksTest, TheWindowKeepsItsSizeWhateverItShows) {
         EXPECT_EQ(readout->ShownText(), readout->text());
     }
     // Every region and city name fits its list.
-    form.CmdCitiesClick();
-    for (int r = 0; r < form.ListRegions->count(); ++r) {
-        const QString region = form.ListRegions->item(r)->text();
-        EXPECT_LE(form.ListRegions->fontMetrics().horizontalAdvance(region), form.ListRegions->viewport()->width())
-            << region.toStdString();
-        form.ListRegionsClick(region);
-        for (int c = 0; c < form.ListCities->count(); ++c) {
-            const QString city = form.ListCities->item(c)->text();
-            EXPECT_LE(form.ListCities->fontMetrics().horizontalAdvance(city), form.ListCities->viewport()->width())
-                << city.toStdString();
+    const auto everyNameFits = [](const QListWidget* list) {
+        for (int i = 0; i < list->count(); ++i) {
+            const QString name = list->item(i)->text();
+            EXPECT_LE(list->fontMetrics().horizontalAdvance(name), list->viewport()->width()) << name.toStdString();
         }
+    };
+    form.CmdCitiesClick();
+    everyNameFits(form.ListRegions);
+    for (int r = 0; r < form.ListRegions->count(); ++r) {
+        form.ListRegionsClick(form.ListRegions->item(r)->text());
+        everyNameFits(form.ListCities);
     }
 }
 
@@ -170,13 +163,9 @@ TEST_F(ChartTest, HeardAndTakenOutEventsDifferOnEveryGround) {
             DrawChartBody(s, Day(altitude));
             const int ground = altitude < 0 ? RGB(0, 0, 255) : AltitudeColour(altitude);
             const std::map<int, int> heard = BarColours(s, 1), out = BarColours(s, 2);
-            // Heard: solid in the mode's colour.
-            EXPECT_EQ(heard.size(), 1u);
-            EXPECT_TRUE(heard.count(ModeColour(1)));
+            EXPECT_EQ(heard, (std::map<int, int>{{ModeColour(1), heard.begin()->second}})); // heard: solid in its colour
             // Taken out: stripes of the mode's colour and black over the ground showing through.
-            ASSERT_TRUE(out.count(ModeColour(2)));
-            ASSERT_TRUE(out.count(0));
-            ASSERT_TRUE(out.count(ground));
+            ASSERT_TRUE(out.count(ModeColour(2)) && out.count(0) && out.count(ground));
             int total = 0;
             for (const auto& [colour, n] : out) total += n;
             EXPECT_LT(out.at(ModeColour(2)) * 2, total); // less than half: never read as solid

@@ -10,7 +10,6 @@
 
 #include <cmath>
 #include <functional>
-#include <tuple>
 
 namespace tarvelle {
 namespace {
@@ -20,12 +19,7 @@ protected:
     void SetUp() override {
         form_.show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&form_));
-        picture_ = form_.findChild<QLabel*>("Picture1");
-        ok_ = form_.findChild<QPushButton*>("CmdOK");
-        cancel_ = form_.findChild<QPushButton*>("CmdCancel");
-        ASSERT_NE(picture_, nullptr);
-        ASSERT_NE(ok_, nullptr);
-        ASSERT_NE(cancel_, nullptr);
+        ASSERT_TRUE(picture_ && ok_ && cancel_);
     }
 
     // Qt drops a move to where the cursor already is, so each move starts from the top row.
@@ -36,9 +30,9 @@ protected:
     void Click() { QTest::mouseClick(picture_, Qt::LeftButton, {}, QPoint(5, 5)); }
 
     FormTimeZones form_;
-    QLabel* picture_ = nullptr;
-    QPushButton* ok_ = nullptr;
-    QPushButton* cancel_ = nullptr;
+    QLabel* picture_ = form_.findChild<QLabel*>("Picture1");
+    QPushButton* ok_ = form_.findChild<QPushButton*>("CmdOK");
+    QPushButton* cancel_ = form_.findChild<QPushButton*>("CmdCancel");
 };
 
 TEST_F(TimeZonesWindow, AClickPicksTheZoneUnderTheLastMoveOverTheBar) {
@@ -97,16 +91,23 @@ bool Watery(QRgb c) {
 bool Sandy(QRgb c) {
     return qRed(c) > qBlue(c) + 30;
 }
+QRgb PixelOf(const char* picture, QPoint p) {
+    return QImage(picture).convertToFormat(QImage::Format_RGB32).pixel(p);
+}
 
 // The time-zone picture's map: 600 pixels for 360 degrees, Greenwich at x = 280.
 QPoint ZoneMapPixel(double latitude, double longitudeEast) {
     return {static_cast<int>(std::lround(280.0 + longitudeEast / 0.6)),
             static_cast<int>(std::lround((90.0 - latitude) / 0.6))};
 }
+// The world map: 0.5625 degrees a pixel from 90 N and 180 W, as MapLatLng reads it.
+QPoint WorldMapPixel(double latitude, double longitudeEast) {
+    return {static_cast<int>(std::lround((180.0 + longitudeEast) / 0.5625)),
+            static_cast<int>(std::lround((90.0 - latitude) / 0.5625))};
+}
 
 TEST(TimeZonesPicture, TheBarsCellsChangeExactlyWhereTheZonesDo) {
     const QImage image = QImage(":/pictures/timezones.png").convertToFormat(QImage::Format_RGB32);
-    ASSERT_FALSE(image.isNull());
     ASSERT_EQ(image.width(), 640);
     ASSERT_GE(image.height(), 325);
     // Row 312 lies inside the bar, above the labels.
@@ -115,55 +116,38 @@ TEST(TimeZonesPicture, TheBarsCellsChangeExactlyWhereTheZonesDo) {
         const bool newTone = image.pixel(x, 312) != image.pixel(x - 1, 312);
         EXPECT_EQ(newTone, newCell) << "x " << x;
     }
-    // The two ends of the -11 cell share one tone.
-    EXPECT_EQ(image.pixel(0, 312), image.pixel(639, 312));
-}
-
-TEST(TimeZonesPicture, EachCellStandsUnderTheLandsOfItsZone) {
-    const QImage image = QImage(":/pictures/timezones.png").convertToFormat(QImage::Format_RGB32);
-    ASSERT_FALSE(image.isNull());
-    struct Place {
+    EXPECT_EQ(image.pixel(0, 312), image.pixel(639, 312)); // the two ends of the -11 cell share one tone
+    // Each cell stands under the lands of its standard zone, without summer time.
+    const struct {
         const char* name;
         double latitude, longitudeEast;
         int zone;
-    };
-    // Standard zones, without summer time.
-    const Place places[] = {
+    } places[] = {
         {"London", 51.51, -0.13, 0},    {"New York", 40.71, -74.01, -5}, {"Tokyo", 35.65, 139.74, 9},
         {"Sydney", -33.87, 151.21, 10}, {"Moscow", 55.76, 37.62, 3},     {"Honolulu", 21.31, -157.86, -10},
     };
-    for (const Place& p : places) {
-        const QPoint pixel = ZoneMapPixel(p.latitude, p.longitudeEast);
-        EXPECT_EQ(getTZ(pixel.x()), p.zone) << p.name;
-    }
-    // And the map really is drawn there.
-    for (auto [lat, lon, land] : {std::tuple{23.0, 10.0, true}, {-25.0, 130.0, true}, {0.0, -150.0, false}, {20.0, -30.0, false}}) {
-        const QRgb c = image.pixel(ZoneMapPixel(lat, lon));
-        EXPECT_TRUE(land ? Sandy(c) : Watery(c)) << lat << " " << lon;
-    }
+    for (const auto& p : places) EXPECT_EQ(getTZ(ZoneMapPixel(p.latitude, p.longitudeEast).x()), p.zone) << p.name;
 }
 
-TEST(WorldMapPicture, PlateCarreeWithGreenwichAtTheCentre) {
-    const QImage image = QImage(":/pictures/worldmap.png").convertToFormat(QImage::Format_RGB32);
-    ASSERT_FALSE(image.isNull());
-    ASSERT_EQ(image.size(), QSize(640, 320));
-    struct Sample {
+// Both maps are plate carree: land and sea lie where their latitude and longitude put them.
+TEST(MapPictures, LandAndSeaWhereTheyBelong) {
+    ASSERT_EQ(QImage(":/pictures/worldmap.png").size(), QSize(640, 320));
+    const struct {
         const char* name;
         double latitude, longitudeEast;
         bool land;
-    };
-    const Sample samples[] = {
+    } samples[] = {
         {"central Sahara", 23.0, 10.0, true},       {"central Australia", -25.0, 130.0, true},
         {"Arabian desert", 22.0, 47.0, true},       {"mid Pacific", 0.0, -150.0, false},
         {"mid Atlantic", 20.0, -30.0, false},       {"Indian Ocean", -20.0, 80.0, false},
         {"Gulf of Guinea, west", 0.0, -5.0, false}, {"Nigeria", 9.0, 8.0, true},
     };
-    for (const Sample& s : samples) {
-        // 0.5625 degrees a pixel from 90 N and 180 W, as MapLatLng reads the map.
-        const int x = static_cast<int>(std::lround((180.0 + s.longitudeEast) / 0.5625));
-        const int y = static_cast<int>(std::lround((90.0 - s.latitude) / 0.5625));
-        const QRgb c = image.pixel(x, y);
-        EXPECT_TRUE(s.land ? Sandy(c) || qGreen(c) > qBlue(c) : Watery(c)) << s.name;
+    for (const auto& s : samples) {
+        SCOPED_TRACE(s.name);
+        const QRgb world = PixelOf(":/pictures/worldmap.png", WorldMapPixel(s.latitude, s.longitudeEast));
+        const QRgb zones = PixelOf(":/pictures/timezones.png", ZoneMapPixel(s.latitude, s.longitudeEast));
+        EXPECT_TRUE(s.land ? Sandy(world) || qGreen(world) > qBlue(world) : Watery(world));
+        EXPECT_TRUE(s.land ? Sandy(zones) : Watery(zones));
     }
 }
 
