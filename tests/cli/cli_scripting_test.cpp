@@ -44,42 +44,24 @@ TEST_F(RunScriptDry, TracesStatusDevicesAndTheSimulatedClock) {
     const std::string file = Script("COM_COMPORT = (2)\r\nCOM_SET COM (9600,N,8,1)\r\nCOM_SEND STRING (a\tb)\r\n"
                                     "COM_SEND BYTE (200)\r\nPAUSE (1.5)\r\nWAIT UNTIL (16:00)\r\nCOM_SEND STRING (GMTTIME)\r\n"
                                     "IO_PORT = (&H378)\r\nIO_INP\r\nIO_OUT\r\nEXIT");
-    const std::string out =
-        Run(With(file, {"--dry", "--port-in", "9", "--at", "2026-11-22 15:30:00"}));
+    // One line of the literal for each line of the script.
     const std::string expected =
-        "status: Script [ 0] COM_COMPORT = (2)  [A= 0]\n"
-        "serial port 2\nserial open\n"
-        "status: Script [ 1] COM_SET COM (9600,N,8,1)  [A= 0]\n"
-        "serial close\nserial open\nserial settings 9600,N,8,1\nserial close\n"
-        "status: Script [ 2] COM_SEND STRING (a\tb)  [A= 0]\n"
-        "serial open\nserial clear\nserial write A\\tB\n"
-        "status: Script [ 3] COM_SEND BYTE (200)  [A= 0]\n"
-        "serial clear\nserial write \\310\n"
-        "status: Script [ 4] PAUSE (1.5)  [A= 0]\n"
-        "status: Pause :  1\nstatus: Pause :  0\n"
-        "status: Script [ 4] PAUSE (1.5)  [A= 0]\n"
-        "status: Script [ 5] WAIT UNTIL (16:00)  [A= 0]\n"
-        "status: Script Waiting for 16:00\n"
-        "status: Script [ 5] WAIT UNTIL (16:00)  [A= 0]\n"
-        "status: Script [ 6] COM_SEND STRING (GMTTIME)  [A= 0]\n"
-        "serial clear\nserial write 2100\n"
+        "status: Script [ 0] COM_COMPORT = (2)  [A= 0]\nserial port 2\nserial open\n"
+        "status: Script [ 1] COM_SET COM (9600,N,8,1)  [A= 0]\nserial close\nserial open\nserial settings 9600,N,8,1\nserial close\n"
+        "status: Script [ 2] COM_SEND STRING (a\tb)  [A= 0]\nserial open\nserial clear\nserial write A\\tB\n"
+        "status: Script [ 3] COM_SEND BYTE (200)  [A= 0]\nserial clear\nserial write \\310\n"
+        "status: Script [ 4] PAUSE (1.5)  [A= 0]\nstatus: Pause :  1\nstatus: Pause :  0\nstatus: Script [ 4] PAUSE (1.5)  [A= 0]\n"
+        "status: Script [ 5] WAIT UNTIL (16:00)  [A= 0]\nstatus: Script Waiting for 16:00\nstatus: Script [ 5] WAIT UNTIL (16:00)  [A= 0]\n"
+        "status: Script [ 6] COM_SEND STRING (GMTTIME)  [A= 0]\nserial clear\nserial write 2100\n"
         "status: Script [ 7] IO_PORT = (&H378)  [A= 0]\n"
-        "status: Script [ 8] IO_INP  [A= 0]\n"
-        "port in 888 -> 9\n"
-        "status: Script Returned  9 from Port  888\n"
-        "status: Script [ 9] IO_OUT  [A= 9]\n"
-        "port out 888 9\n"
-        "status: Script [ 10] EXIT  [A= 9]\n"
-        "status: Script " + file + "   Finished\n"
-        "result = 7\nA = 9\n";
-    EXPECT_EQ(out, expected);
+        "status: Script [ 8] IO_INP  [A= 0]\nport in 888 -> 9\nstatus: Script Returned  9 from Port  888\n"
+        "status: Script [ 9] IO_OUT  [A= 9]\nport out 888 9\n"
+        "status: Script [ 10] EXIT  [A= 9]\nstatus: Script " + file + "   Finished\nresult = 7\nA = 9\n";
+    EXPECT_EQ(Run(With(file, {"--dry", "--port-in", "9", "--at", "2026-11-22 15:30:00"})), expected);
 }
 
 TEST_F(RunScriptDry, ErrorsAndRefusalsAsTheyArePrinted) {
-    const struct {
-        std::string text;
-        std::string expectedTail;
-    } cases[] = {
+    const struct { std::string text; std::string expectedTail; } cases[] = {
         {"\\\\ nothing\r\n", "status: Can't Run Script : No Script Loaded or First Line Blank!\nresult = \nA = 0\n"},
         {"WAIT UNTIL (9:99)", "errlog: \nstatus: Script Error Logged Type mismatch\nstatus: Script Error: Type mismatch  Line  0\n"
                                "result = 13\nA = 0\n"},
@@ -95,7 +77,8 @@ TEST_F(RunScriptDry, ErrorsAndRefusalsAsTheyArePrinted) {
     }
     const std::string logged = Run(With(Script("WAIT UNTIL (9:99)"), {"--dry", "--at", "2026-11-22 12:00:00"}));
     size_t errlogLines = 0;
-    for (size_t at = logged.find("errlog: "); at != std::string::npos; at = logged.find("errlog: ", at + 1)) ++errlogLines;
+    for (size_t at = logged.find("errlog: "); at != std::string::npos; at = logged.find("errlog: ", at + 1))
+        ++errlogLines;
     EXPECT_EQ(errlogLines, 6u);
     EXPECT_NE(logged.find("errlog: 2026-11-22 12:00:00   Script Error # 13\n"), std::string::npos);
 }

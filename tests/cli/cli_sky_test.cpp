@@ -45,42 +45,28 @@ TEST_F(CliSkyTest, AntennaPrintsTheAntennaAndEveryContourPoint) {
                                             "ewbw = 40\r\ngain = 7.5\r\nEND LOBE 1\r\n");
     const std::vector<std::string> lines = Run({"antenna", path});
     ASSERT_EQ(lines.size(), 4u + 1u + 360u);
-    EXPECT_EQ(lines[0], "AntName = Yagi, 3 el");
-    EXPECT_EQ(lines[1], "AntPic = YAGI");
-    EXPECT_EQ(lines[2], "AntHeight = 4 m");
-    EXPECT_EQ(lines[3], "Lobes = 1");
-    EXPECT_EQ(lines[4], "lobe 1 80 350 30 40 7.5");
-    // t = 90: y = +15 passes the zenith, e = 85 on the far side, azimuth turned by 180.
+    EXPECT_EQ(std::vector<std::string>(lines.begin(), lines.begin() + 5),
+              (std::vector<std::string>{"AntName = Yagi, 3 el", "AntPic = YAGI", "AntHeight = 4 m", "Lobes = 1",
+                                        "lobe 1 80 350 30 40 7.5"}));
+    // t = 90: y = +15 passes the zenith, e = 85 on the far side, azimuth turned by 180 (the
+    // contours themselves are checked in tests/sky).
     const std::vector<double> over = Numbers(lines[5 + 90], 0);
     ASSERT_EQ(over.size(), 5u);
     EXPECT_EQ(over[1], 90);
     EXPECT_DOUBLE_EQ(over[2], 85.0);
     EXPECT_NEAR(over[3], 170.0, 1e-3);
-    // t = 0: the right side passes north and wraps to the low azimuths.
-    const std::vector<double> side = Numbers(lines[5], 0);
-    EXPECT_LT(side[4], 90.0);
-    EXPECT_GT(side[3], 270.0);
 }
 
 TEST_F(CliSkyTest, AntennaMessagesStandOnOneLine) {
-    const struct {
-        std::string file;
-        std::string expected;
-    } cases[] = {
-        {"NONE", ""},
-        {"", ""},
+    const struct { std::string file; std::string expected; } cases[] = {
+        {"NONE", ""}, {"", ""}, // no antenna: nothing at all
         {Write("e.ant", ""), "message: Empty Antenna File: " + Write("e.ant", "")},
         {Write("m.ant", "antenna file\r\n"), "message: " + Write("m.ant", "antenna file\r\n") +
                                                  "\\n\\nNot recognized as an antenna file!"},
     };
     for (const auto& c : cases) {
-        const std::vector<std::string> lines = Run({"antenna", c.file});
-        if (c.expected.empty()) {
-            EXPECT_TRUE(lines.empty()) << c.file;
-        } else {
-            ASSERT_EQ(lines.size(), 1u) << c.file;
-            EXPECT_EQ(lines[0], c.expected);
-        }
+        const auto expected = c.expected.empty() ? std::vector<std::string>{} : std::vector<std::string>{c.expected};
+        EXPECT_EQ(Run({"antenna", c.file}), expected) << c.file;
     }
     const std::vector<std::string> missing = Run({"antenna", "/nonexistent/x.ant"});
     ASSERT_EQ(missing.size(), 1u);

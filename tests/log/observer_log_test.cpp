@@ -22,11 +22,6 @@ namespace {
 
 const double k2104 = DateSerial(2026, 11, 19) + TimeSerial(21, 4, 33);
 
-QByteArray Bytes(const QString& path) {
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
-}
-
 } // namespace
 
 TEST(ObserverLogLines, StampsQuickLinesAndNames) {
@@ -35,7 +30,7 @@ TEST(ObserverLogLines, StampsQuickLinesAndNames) {
     EXPECT_DOUBLE_EQ(LogMoment(k2104, -5.0, true), k2104 + 5.0 / 24.0);
     EXPECT_EQ(LogMoment(k2104, -5.0, false), k2104);
 
-    const QString s = "<S>"; // the quick lines are checked through the window's buttons below
+    const QString s = "<S>";
     EXPECT_EQ(TimeStampLines(s), "\r\n<S>\r\n");
     EXPECT_EQ(JupAltAzLines(s, 8.66, 231.04), "\r\n<S>     Jup Alt: 08.7   Az: 231.0\r\n");
     EXPECT_EQ(CMLIoPhaseLines(s, 81.25f, 7.005f), "\r\n<S>     CML:  81.25   Io Phase: 007.01\r\n");
@@ -44,18 +39,11 @@ TEST(ObserverLogLines, StampsQuickLinesAndNames) {
 
 TEST(ObserverLogFiles, LoadingGivesEveryLineItsLineEnd) {
     QTemporaryDir dir;
-    struct Case {
-        QByteArray file;
-        const char* text;
-    } cases[] = {
-        {"a\r\nb\r\n", "a\r\nb\r\n"}, // a saved log comes back as it was
-        {"a\r\nb", "a\r\nb\r\n"},     // a last line gains its line end
-        {"a\nb\rc", "a\r\nb\r\nc\r\n"},
-        {"\r\n\r\nx", "\r\n\r\nx\r\n"},
-        {"", ""},
-        {"caf\xe9", "caf\u00e9\r\n"}, // plain 8-bit text
-    };
-    for (const Case& c : cases) {
+    // A saved log comes back as it was; a last line gains its line end; 8-bit text is Latin-1.
+    const struct { QByteArray file; const char* text; } cases[] = {
+        {"a\r\nb\r\n", "a\r\nb\r\n"}, {"a\r\nb", "a\r\nb\r\n"}, {"a\nb\rc", "a\r\nb\r\nc\r\n"},
+        {"\r\n\r\nx", "\r\n\r\nx\r\n"}, {"", ""}, {"caf\xe9", "caf\u00e9\r\n"}};
+    for (const auto& c : cases) {
         const QString path = dir.filePath("in.txt");
         QFile f(path);
         ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
@@ -150,7 +138,7 @@ TEST_F(LogWindowTest, SaveReloadAndTheQuestions) {
     EXPECT_FALSE(log->mnuSaveClick()); // cancelled: the proposed name stays
     EXPECT_EQ(log->LogFileName, "2611192104JupLog.txt");
     ASSERT_TRUE(log->mnuSaveClick());
-    EXPECT_EQ(Bytes(path), text.toLatin1());
+    EXPECT_EQ(ReadFile(path), text);
     EXPECT_FALSE(log->LogDirty);
     ASSERT_TRUE(log->mnuSaveClick()); // asked again, from the path of the first
     EXPECT_EQ(log->LogFileName, path);
@@ -203,7 +191,7 @@ TEST_F(LogWindowTest, AFailedSaveLeavesTheOldFileWhole) {
     ASSERT_EQ(dialogs.messages.size(), 1u);
     EXPECT_TRUE(dialogs.messages[0].text.startsWith("There was an error saving: " + path + "\r\n"));
     EXPECT_TRUE(dialogs.messages[0].text.contains("\r\nError # "));
-    EXPECT_EQ(Bytes(path), "old night\r\n");
+    EXPECT_EQ(ReadFile(path), "old night\r\n");
     EXPECT_TRUE(log->LogDirty);
     EXPECT_EQ(QDir(folder).entryList(QDir::Files), QStringList{"log.txt"}) << "no half-written file left";
 }

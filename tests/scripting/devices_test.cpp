@@ -11,6 +11,8 @@
 
 #include <QCoreApplication>
 
+#include <tuple>
+
 #include <fcntl.h>
 #include <pty.h>
 #include <termios.h>
@@ -22,51 +24,29 @@ namespace {
 
 TEST(KeyNotation, TranslatesModifiersNamedKeysAndGroups) {
     using Steps = std::vector<KeyStep>;
-    const struct {
-        const char* notation;
-        std::optional<Steps> steps;
-    } cases[] = {
-        {"abc", Steps{{true, "abc"}}},
-        {"ab~c", Steps{{true, "ab"}, {false, "Return"}, {true, "c"}}},
-        {"^c%f", Steps{{false, "ctrl+c"}, {false, "alt+f"}}},
-        {"+(ab)", Steps{{false, "shift+a"}, {false, "shift+b"}}},
+    const struct { const char* notation; std::optional<Steps> steps; } cases[] = {
+        {"abc", Steps{{true, "abc"}}}, {"ab~c", Steps{{true, "ab"}, {false, "Return"}, {true, "c"}}},
+        {"^c%f", Steps{{false, "ctrl+c"}, {false, "alt+f"}}}, {"+(ab)", Steps{{false, "shift+a"}, {false, "shift+b"}}},
         {"^+{TAB}", Steps{{false, "ctrl+shift+Tab"}}},
         {"{ENTER 2}{f5}", Steps{{false, "Return"}, {false, "Return"}, {false, "F5"}}},
-        {"{+}{}}", Steps{{false, "plus"}, {false, "braceright"}}},
-        {"a b", Steps{{true, "a b"}}},
-        {"{NOSUCH}", std::nullopt},
-        {"{TAB", std::nullopt},
-        {"+(ab", std::nullopt},
+        {"{+}{}}", Steps{{false, "plus"}, {false, "braceright"}}}, {"a b", Steps{{true, "a b"}}},
+        {"{NOSUCH}", std::nullopt}, {"{TAB", std::nullopt}, {"+(ab", std::nullopt},
     };
     for (const auto& c : cases) EXPECT_EQ(TranslateKeys(c.notation), c.steps) << c.notation;
 }
 
 TEST(SerialSettings, ReadsBaudParityDataAndStopBits) {
-    const struct {
-        const char* text;
-        bool ok;
-        int baud;
-        char parity;
-        int bits;
-        double stop;
-    } cases[] = {
-        {"9600,N,8,1", true, 9600, 'N', 8, 1},
-        {"1200,e,7,2", true, 1200, 'E', 7, 2},
-        {"300,O,5,1.5", true, 300, 'O', 5, 1.5},
-        {"9600,N,8", false, 0, 0, 0, 0},
-        {"9600,X,8,1", false, 0, 0, 0, 0},
-        {"fast,N,8,1", false, 0, 0, 0, 0},
-        {"9600,N,9,1", false, 0, 0, 0, 0},
-        {"9600,N,8,3", false, 0, 0, 0, 0},
+    const struct { const char* text; bool ok; int baud; char parity; int bits; double stop; } cases[] = {
+        {"9600,N,8,1", true, 9600, 'N', 8, 1}, {"1200,e,7,2", true, 1200, 'E', 7, 2},
+        {"300,O,5,1.5", true, 300, 'O', 5, 1.5}, {"9600,N,8", false, 0, 0, 0, 0}, {"9600,X,8,1", false, 0, 0, 0, 0},
+        {"fast,N,8,1", false, 0, 0, 0, 0}, {"9600,N,9,1", false, 0, 0, 0, 0}, {"9600,N,8,3", false, 0, 0, 0, 0},
     };
     for (const auto& c : cases) {
         SerialLineSettings s;
         ASSERT_EQ(ParseSerialSettings(c.text, s), c.ok) << c.text;
-        if (!c.ok) continue;
-        EXPECT_EQ(s.baud, c.baud);
-        EXPECT_EQ(s.parity, c.parity);
-        EXPECT_EQ(s.dataBits, c.bits);
-        EXPECT_EQ(s.stopBits, c.stop);
+        if (c.ok) {
+            EXPECT_EQ(std::tie(s.baud, s.parity, s.dataBits, s.stopBits), std::tie(c.baud, c.parity, c.bits, c.stop));
+        }
     }
 }
 
@@ -124,10 +104,7 @@ TEST_F(RealDevices, DevicesThatCannotWorkHereFailWithASentence) {
     LoopHost host(clock);
     ScriptInterpreter script(*station, host, devices);
     qunsetenv("DISPLAY");
-    const struct {
-        const char* text;
-        int result;
-    } runs[] = {
+    const struct { const char* text; int result; } runs[] = {
         {"COM_COMPORT = (2)\nCOM_SET COM (9600,N,8,1)", kFailurePortOpen},
         {"DDE_APP (a)\nDDE_TOPIC (b)\nDDE_ITEM (c)\nDDE_SEND (d)", kFailureDde},
         {"RUN (/no/such/program)", kFailureFileNotFound},
@@ -139,11 +116,12 @@ TEST_F(RealDevices, DevicesThatCannotWorkHereFailWithASentence) {
         EXPECT_EQ(script.RunScript((programDir + "fail.scp").toStdString()), r.result) << r.text;
     }
     const QString log = ReadFile(programDir + "ScriptErrLog.txt");
-    EXPECT_TRUE(log.contains("Serial port 2 (" + programDir + "no-such-tty) could not be opened"));
-    EXPECT_TRUE(log.contains("\r\nDDE is not available on this system\r\n"));
-    EXPECT_TRUE(log.contains("The program \"/NO/SUCH/PROGRAM\" could not be started"));
-    EXPECT_TRUE(log.contains("\r\nNo X11 display is available to send keys to or to find windows on\r\n"));
-    EXPECT_TRUE(log.contains("The program \"NOTHING\" could not be started"));
+    for (const QString& sentence : {"Serial port 2 (" + programDir + "no-such-tty) could not be opened",
+                                    QString("\r\nDDE is not available on this system\r\n"),
+                                    QString("The program \"/NO/SUCH/PROGRAM\" could not be started"),
+                                    QString("\r\nNo X11 display is available to send keys to or to find windows on\r\n"),
+                                    QString("The program \"NOTHING\" could not be started")})
+        EXPECT_TRUE(log.contains(sentence)) << sentence.toStdString();
     EXPECT_TRUE(devices.WindowTitles().empty());
     if (geteuid() != 0) {
         int32_t value = 0;

@@ -1,7 +1,6 @@
 // The script language on the test doubles: commands, the Skip rule, the built-in variables,
 // inclusion, the waits, the serial output wait and the error log.
 #include "script_test_host.h"
-#include "station_test.h"
 
 #include "core/date_value.h"
 #include "formats/script_file.h"
@@ -12,50 +11,29 @@ using namespace tarvelle;
 
 namespace {
 
-class Interpreter : public StationTest {
+class Interpreter : public ScriptStationTest {
 protected:
-    void SetUp() override {
-        StationTest::SetUp();
-        host = std::make_unique<TestScriptHost>(clock);
-        script = std::make_unique<ScriptInterpreter>(*station, *host, devices);
-        host->interpreter = script.get();
-    }
     std::optional<int> Run(const std::string& text, const char* name = "t.scp") {
         WriteFile(name, QByteArray::fromStdString(text));
-        return script->RunScript((programDir + name).toStdString());
+        return script->RunScript(Path(name));
     }
     std::string Final() const { return host->statuses.empty() ? "" : host->statuses.back(); }
     std::string Path(const char* name) const { return (programDir + name).toStdString(); }
-
-    RecordingScriptDevices devices;
-    std::unique_ptr<TestScriptHost> host;
-    std::unique_ptr<ScriptInterpreter> script;
+    bool Shown(const std::string& s) const {
+        return std::find(host->statuses.begin(), host->statuses.end(), s) != host->statuses.end();
+    }
 };
 
 TEST_F(Interpreter, RegisterCommandsBranchesAndErrors) {
-    const struct {
-        const char* text;
-        std::optional<int> result;
-        int a;
-    } cases[] = {
+    const struct { const char* text; std::optional<int> result; int a; } cases[] = {
         {"A = (5)\nEXIT\nA = (6)", 7, 5},
         {"A = (5)\nIF A = (5)\nA = (6)\nA = (A)", 0, 0}, // the line after the true IF runs; "A" reads 0
-        {"A = (5)\nIF A > (5)\nA = (6)", 0, 5},
-        {"A = (3)\nIF A > (2.5)\nA = (7)", 0, 7},
-        {"A = (3)\nIF A < (2.5)\nA = (7)\nOR A WITH (8)", 0, 11},
-        {"A = (5)\nIF A = (5)", 0, 5},
-        {"A = (12)\nAND A WITH (10)\nXOR A WITH (&HFF)", 0, 247},
-        {"A = (-0.5)", 0, -1},
-        {"A = (1 2)", 0, 12},
-        {"A = (JUNK)", 0, 0},
-        {"NOSTOPONERR\nA = 5\nA = (7)", 2, 0},
-        {"A = 5\nA = (7)", 2, 0},
-        {"A = (4)\nPAUSE(5)\nIO_OUT W\nEXIT", 7, 4},
-        {"A = (99999999999)", 6, 0},
-        {"A = )7(", 5, 0},
-        {"NOSTOPONERR\nEXIT\nA = (3)", 7, 0},
-        {"IO_OUT", 5, 0},
-        {"IO_PORT = (0)", 5, 0},
+        {"A = (5)\nIF A > (5)\nA = (6)", 0, 5},        {"A = (3)\nIF A > (2.5)\nA = (7)", 0, 7},
+        {"A = (3)\nIF A < (2.5)\nA = (7)\nOR A WITH (8)", 0, 11}, {"A = (5)\nIF A = (5)", 0, 5},
+        {"A = (12)\nAND A WITH (10)\nXOR A WITH (&HFF)", 0, 247}, {"A = (-0.5)", 0, -1},
+        {"A = (1 2)", 0, 12},       {"A = (JUNK)", 0, 0},         {"NOSTOPONERR\nA = 5\nA = (7)", 2, 0},
+        {"A = 5\nA = (7)", 2, 0},   {"A = (4)\nPAUSE(5)\nIO_OUT W\nEXIT", 7, 4}, {"A = (99999999999)", 6, 0},
+        {"A = )7(", 5, 0},          {"NOSTOPONERR\nEXIT\nA = (3)", 7, 0}, {"IO_OUT", 5, 0}, {"IO_PORT = (0)", 5, 0},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(Run(c.text), c.result) << c.text;
@@ -64,7 +42,13 @@ TEST_F(Interpreter, RegisterCommandsBranchesAndErrors) {
     }
 }
 
-TEST_F(Interpreter, FinalStatusLineAndRefusals) {
+TEST_F(Interpreter, StatusLinesStepperTextsAndRefusals) {
+    script->StepMode = true;
+    Run("IO_PORT = (&H378)\nA = (2)");
+    EXPECT_EQ(host->statuses[0], "Script [ 0] IO_PORT = (&H378)  [A= 0]");
+    ASSERT_EQ(host->boxes.size(), 4u); // two lines and the two empty entries
+    EXPECT_EQ(host->boxes[1], "Script Line Number:  1\n\r\nCommand: A = (2)\n\r\nPort:  888\n\r\nA:  2\n\r\nCom:  0");
+    EXPECT_FALSE(script->StepMode);
     Run("A = (1)\nEXIT");
     EXPECT_EQ(Final(), "Script " + Path("t.scp") + "   Finished");
     // The error status counts the spliced array: three lines and two empty entries.
@@ -78,15 +62,6 @@ TEST_F(Interpreter, FinalStatusLineAndRefusals) {
     script->ScriptRunning = true;
     EXPECT_EQ(Run("A = (1)"), std::nullopt);
     EXPECT_EQ(Final(), "Script is already running...");
-}
-
-TEST_F(Interpreter, ShowScriptLineAndStepperTexts) {
-    script->StepMode = true;
-    Run("IO_PORT = (&H378)\nA = (2)");
-    EXPECT_EQ(host->statuses[0], "Script [ 0] IO_PORT = (&H378)  [A= 0]");
-    ASSERT_EQ(host->boxes.size(), 4u); // two lines and the two empty entries
-    EXPECT_EQ(host->boxes[1], "Script Line Number:  1\n\r\nCommand: A = (2)\n\r\nPort:  888\n\r\nA:  2\n\r\nCom:  0");
-    EXPECT_FALSE(script->StepMode);
 }
 
 TEST_F(Interpreter, BuiltInVariablesFollowTheLiveValuesAndTheOption) {
@@ -113,10 +88,9 @@ TEST_F(Interpreter, DeviceCommandsReachTheirOperations) {
         "DDE_APP (app)\nDDE_TOPIC (t)\nDDE_ITEM (i)\nDDE_SEND (x JUPAZ)\n"
         "IO_PORT = (888)\nA = (258)\nIO_OUT\nIO_INP\nEXIT";
     EXPECT_EQ(Run(text), 7);
-    const std::vector<std::string> expected = {
-        "keys abc nowait", "keys abc wait", "keys NOWAIT nowait", "shell XTERM -E TOP 1", "activate NOTEBOOK",
-        "shell CHARTVIEW 4", "poke APP|T I X 0", "out 888=258", "in 888"};
-    EXPECT_EQ(devices.log, expected);
+    EXPECT_EQ(devices.log, (std::vector<std::string>{"keys abc nowait", "keys abc wait", "keys NOWAIT nowait",
+                                                     "shell XTERM -E TOP 1", "activate NOTEBOOK", "shell CHARTVIEW 4",
+                                                     "poke APP|T I X 0", "out 888=258", "in 888"}));
     EXPECT_EQ(script->A, 6);
     EXPECT_EQ(host->statuses[host->statuses.size() - 3], "Script Returned  6 from Port  888");
     EXPECT_EQ(Run("DDE_APP (a)\nDDE_ITEM (b)\nDDE_SEND (X)"), 8);
@@ -125,12 +99,10 @@ TEST_F(Interpreter, DeviceCommandsReachTheirOperations) {
 
 TEST_F(Interpreter, SerialCommandsOpenCloseAndWaitForTheOutput) {
     EXPECT_EQ(Run("COM_COMPORT = (3)\nCOM_SET COM (4800,E,7,2)\nCOM_SEND STRING (ab)\nCOM_DIAL (555)\n"
-                  "COM_SEND BYTE (65.5)\nCOM_SEND BYTE (66.5)"),
-              0);
-    const std::vector<std::string> expected = {
-        "port 3", "open", "close", "open", "settings 4800,E,7,2", "close", "open", "clear", "write AB", "clear",
-        "write ATDT555\r", "clear", "write B", "clear", "write B"};
-    EXPECT_EQ(devices.log, expected);
+                  "COM_SEND BYTE (65.5)\nCOM_SEND BYTE (66.5)"), 0);
+    EXPECT_EQ(devices.log, (std::vector<std::string>{"port 3", "open", "close", "open", "settings 4800,E,7,2", "close",
+                                                     "open", "clear", "write AB", "clear", "write ATDT555\r", "clear",
+                                                     "write B", "clear", "write B"}));
     EXPECT_TRUE(devices.open); // the port outlives the run
     EXPECT_EQ(script->ScriptComPort, 3);
 
@@ -142,10 +114,11 @@ TEST_F(Interpreter, SerialCommandsOpenCloseAndWaitForTheOutput) {
     devices.open = false;
     EXPECT_EQ(Run("COM_SET COM (9600,N,8,1)"), 8);
     EXPECT_EQ(host->errlog[host->errlog.size() - 2], "Last parameter parsed: 9600,N,8,1"); // logged, then replaced by 8
-}
 
-TEST_F(Interpreter, OutputThatDoesNotDrainTimesOutAndAClearedRunClosesThePort) {
+    // Output that does not drain times out; a run cleared while waiting closes the port.
+    devices.openFails = false;
     devices.drainPerCheck = 0;
+    host->waits = 0;
     host->stepSeconds = 30;
     EXPECT_EQ(Run("COM_SEND STRING (X)\nA = (1)"), 14);
     EXPECT_EQ(host->waits, 5); // 30, 60, 90, 120 and then past 120 seconds
@@ -159,18 +132,14 @@ TEST_F(Interpreter, OutputThatDoesNotDrainTimesOutAndAClearedRunClosesThePort) {
 }
 
 TEST_F(Interpreter, PauseCountsTimerEventsRoundingHalvesToEven) {
-    const struct {
-        const char* text;
-        int seconds;
-    } cases[] = {{"PAUSE (2.5)", 2}, {"PAUSE (3.5)", 4}, {"PAUSE (0)", 0}, {"PAUSE (-3)", 0}};
+    const struct { const char* text; int seconds; } cases[] = {
+        {"PAUSE (2.5)", 2}, {"PAUSE (3.5)", 4}, {"PAUSE (0)", 0}, {"PAUSE (-3)", 0}};
     for (const auto& c : cases) {
         const double start = clock.local;
         host->statuses.clear();
         EXPECT_EQ(Run(c.text), 0);
         EXPECT_NEAR((clock.local - start) * 86400.0, c.seconds, 1e-6) << c.text;
-        if (c.seconds > 0) {
-            EXPECT_EQ(host->statuses[static_cast<size_t>(c.seconds)], "Pause :  0");
-        }
+        if (c.seconds > 0) { EXPECT_EQ(host->statuses[static_cast<size_t>(c.seconds)], "Pause :  0"); }
     }
     EXPECT_EQ(host->timer1Stops, 4);
     host->onWait = [this] { script->ScriptRunning = false; };
@@ -181,19 +150,12 @@ TEST_F(Interpreter, PauseCountsTimerEventsRoundingHalvesToEven) {
 
 TEST_F(Interpreter, WaitUntilTimesAndDatesOfThisDay) {
     // 15:30 local on 2026-11-22.
-    const struct {
-        const char* text;
-        std::optional<int> result;
-        double endsAt;
-    } cases[] = {
-        {"WAIT UNTIL (00:00:01)", 0, TimeSerial(15, 30, 0)},
-        {"WAIT UNTIL (18:05)", 0, TimeSerial(18, 5, 0)},
+    const struct { const char* text; std::optional<int> result; double endsAt; } cases[] = {
+        {"WAIT UNTIL (00:00:01)", 0, TimeSerial(15, 30, 0)}, {"WAIT UNTIL (18:05)", 0, TimeSerial(18, 5, 0)},
         {"WAIT UNTIL (2026/11/24)", 0, 2.0},
         {"WAIT UNTIL (2026/11/23 6:07:08)", 0, 1.0}, // 06:07:08 has passed today, then the date
-        {"WAIT UNTIL (2026/11/20)", 0, TimeSerial(15, 30, 0)},
-        {"WAIT UNTIL (25:00)", 13, TimeSerial(15, 30, 0)},
-        {"WAIT UNTIL (2026/13/01)", 13, TimeSerial(15, 30, 0)},
-        {"WAIT UNTIL (TOMORROW)", 0, TimeSerial(15, 30, 0)},
+        {"WAIT UNTIL (2026/11/20)", 0, TimeSerial(15, 30, 0)}, {"WAIT UNTIL (25:00)", 13, TimeSerial(15, 30, 0)},
+        {"WAIT UNTIL (2026/13/01)", 13, TimeSerial(15, 30, 0)}, {"WAIT UNTIL (TOMORROW)", 0, TimeSerial(15, 30, 0)},
     };
     for (const auto& c : cases) {
         clock.local = DateSerial(2026, 11, 22) + TimeSerial(15, 30, 0);
@@ -212,7 +174,8 @@ TEST_F(Interpreter, IoWhileWaitsOnAPortBit) {
     EXPECT_EQ(Run("IO_PORT = (1)\nIO_WHILE INP (31) HIGH"), 6);
 }
 
-TEST_F(Interpreter, ExecuteScriptSplicesTheFileAndTheRunRestoresTheArray) {
+// Inclusion splices the file after its line, whatever the name's case; the run restores the array.
+TEST_F(Interpreter, ExecuteScriptSplicesTheFileAndStopsGrowingOnItself) {
     WriteFile("Inner.scp", "\\\\ included\nA = (A)\nOR A WITH (4)\n");
     const std::string outer = "A = (1)\nEXECUTE_SCRIPT (" + Path("inner.SCP") + ")\nOR A WITH (2)";
     EXPECT_EQ(Run(outer), 0);
@@ -222,26 +185,21 @@ TEST_F(Interpreter, ExecuteScriptSplicesTheFileAndTheRunRestoresTheArray) {
 
     EXPECT_EQ(Run("EXECUTE_SCRIPT (" + Path("none.scp") + ")\nA = (9)"), 0);
     EXPECT_EQ(script->A, 9);
-    EXPECT_NE(std::find(host->statuses.begin(), host->statuses.end(), "File not found in " + UpperAscii(Path("none.scp"))),
-              host->statuses.end());
-}
+    EXPECT_TRUE(Shown("File not found in " + UpperAscii(Path("none.scp"))));
 
-TEST_F(Interpreter, AScriptThatIncludesItselfStopsGrowing) {
     const std::string self = "OR A WITH (1)\nEXECUTE_SCRIPT (" + Path("self.scp") + ")";
     EXPECT_EQ(Run(self, "self.scp"), 0);
     EXPECT_EQ(script->A, 1);
     EXPECT_EQ(script->ScriptLines.size(), 4u);
     EXPECT_GT(script->LineIndex, 99990);
-    EXPECT_NE(std::find_if(host->statuses.begin(), host->statuses.end(),
-                           [](const std::string& s) { return s.rfind("EXECUTE_SCRIPT skipped", 0) == 0; }),
-              host->statuses.end());
+    EXPECT_TRUE(std::any_of(host->statuses.begin(), host->statuses.end(),
+                            [](const std::string& s) { return s.rfind("EXECUTE_SCRIPT skipped", 0) == 0; }));
 }
 
 TEST_F(Interpreter, RunTimeFailuresGoToTheErrorLog) {
     devices.portFailure = ScriptFailure{70, "No access to hardware port 888"};
     EXPECT_EQ(Run("IO_PORT = (888)\nio_out  \nA = (1)"), 70);
-    const QString log = ReadFile(programDir + "ScriptErrLog.txt");
-    const QStringList lines = log.split("\r\n");
+    const QStringList lines = ReadFile(programDir + "ScriptErrLog.txt").split("\r\n");
     ASSERT_EQ(lines.size(), 7); // six lines, the last one empty, then the end
     EXPECT_TRUE(lines[0].endsWith("   Script Error # 70"));
     EXPECT_EQ(lines.mid(1, 5), (QStringList{"No access to hardware port 888", "Script Line:  1  io_out  ",
@@ -258,16 +216,10 @@ TEST_F(Interpreter, RunTimeFailuresGoToTheErrorLog) {
 
 TEST(ScriptLineArray, SplicesAtThePositionClampedToTheArrayInAnyOrder) {
     const std::vector<std::string> src = {"x", "y"};
-    const struct {
-        std::vector<int> positions;
-        std::vector<std::string> result;
-    } cases[] = {
-        {{1}, {"a", "x", "y", "b", "c"}},
-        {{0}, {"x", "y", "a", "b", "c"}},
-        {{-4}, {"x", "y", "a", "b", "c"}},
-        {{9}, {"a", "b", "c", "x", "y"}},
-        {{2, 1}, {"a", "x", "y", "b", "x", "y", "c"}},
-        {{1, 4}, {"a", "x", "y", "b", "x", "y", "c"}},
+    const struct { std::vector<int> positions; std::vector<std::string> result; } cases[] = {
+        {{1}, {"a", "x", "y", "b", "c"}},  {{0}, {"x", "y", "a", "b", "c"}},
+        {{-4}, {"x", "y", "a", "b", "c"}}, {{9}, {"a", "b", "c", "x", "y"}},
+        {{2, 1}, {"a", "x", "y", "b", "x", "y", "c"}}, {{1, 4}, {"a", "x", "y", "b", "x", "y", "c"}},
     };
     for (const auto& c : cases) {
         ScriptLineArray lines({"a", "b", "c"});

@@ -15,21 +15,16 @@ namespace {
 std::string Write(const QTemporaryDir& dir, const char* name, const std::string& text) {
     const std::string path = dir.filePath(name).toStdString();
     QFile f(QString::fromStdString(path));
-    f.open(QIODevice::WriteOnly);
+    EXPECT_TRUE(f.open(QIODevice::WriteOnly));
     f.write(text.data(), static_cast<qint64>(text.size()));
     return path;
 }
 
 TEST(ScriptFile, LinesEndAtCrLfLfOrLoneCrAndALastLineWithoutEndCounts) {
-    const struct {
-        std::string text;
-        std::vector<std::string> lines;
-    } cases[] = {
-        {"a\r\nb\nc\rd", {"a", "b", "c", "d"}},
-        {"a\r\n\r\nb\r\n", {"a", "", "b"}},
+    const struct { std::string text; std::vector<std::string> lines; } cases[] = {
+        {"a\r\nb\nc\rd", {"a", "b", "c", "d"}}, {"a\r\n\r\nb\r\n", {"a", "", "b"}},
         {"x\n\r", {"x", ""}}, // LF then a lone CR: two ends
-        {"", {}},
-        {"tab\there  ", {"tab\there  "}},
+        {"", {}}, {"tab\there  ", {"tab\there  "}},
     };
     for (const auto& c : cases) EXPECT_EQ(SplitTextLines(c.text), c.lines) << c.text;
 }
@@ -67,6 +62,7 @@ TEST(ScriptFile, TextRoundTripKeepsCommentsAndShortLines) {
     EXPECT_EQ(f.readAll(), QByteArray("\\\\ note\r\nAB\r\nPAUSE (1)\r\n"));
 }
 
+// Names are found whatever their case; upper case changes only the letters a to z.
 TEST(ScriptFile, NamesAreFoundWhateverTheirCase) {
     QTemporaryDir dir;
     QDir(dir.path()).mkpath("Sub/Deeper");
@@ -75,9 +71,6 @@ TEST(ScriptFile, NamesAreFoundWhateverTheirCase) {
     EXPECT_EQ(FindFileAnyCase(base + "/SUB/DEEPER/FOCUS.SCP"), real);
     EXPECT_EQ(FindFileAnyCase(real), real);
     EXPECT_EQ(FindFileAnyCase(base + "/SUB/NONE.SCP"), base + "/SUB/NONE.SCP");
-}
-
-TEST(ScriptFile, UpperCaseChangesOnlyTheLettersAToZ) {
     EXPECT_EQ(UpperAscii("a=(b) \xe9z\t"), "A=(B) \xe9Z\t");
 }
 

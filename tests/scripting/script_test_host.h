@@ -5,8 +5,10 @@
 
 #include "doubles.h"
 #include "scripting/script_interpreter.h"
+#include "station_test.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -48,6 +50,20 @@ public:
 private:
     FakeClock& clock_;
     bool pause_ = false;
+};
+
+// A station whose scripts run on this host and the recording devices.
+class ScriptStationTest : public StationTest {
+protected:
+    void SetUp() override {
+        StationTest::SetUp();
+        host = std::make_unique<TestScriptHost>(clock);
+        script = std::make_unique<ScriptInterpreter>(*station, *host, devices);
+        host->interpreter = script.get();
+    }
+    RecordingScriptDevices devices;
+    std::unique_ptr<TestScriptHost> host;
+    std::unique_ptr<ScriptInterpreter> script;
 };
 
 } // namespace tarvelle

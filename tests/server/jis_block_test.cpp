@@ -16,12 +16,7 @@ JisValues Sample() {
     JisValues v;
     v.CurrentUT = DateSerial(2017, 9, 22) + TimeSerial(12, 0, 5);
     v.Label3 = " LMST: 06:56:12";
-    v.JupAlt = 8.6;
-    v.JupAz = 231.4;
-    v.CMLIII = 81.44f;
-    v.IoPhase = 7.06f;
-    v.SunAlt = -4.6;
-    v.SunAz = 9.5;
+    v.JupAlt = 8.6; v.JupAz = 231.4; v.CMLIII = 81.44f; v.IoPhase = 7.06f; v.SunAlt = -4.6; v.SunAz = 9.5;
     return v;
 }
 
@@ -72,23 +67,14 @@ TEST(JisBlock, ModesAndNegativeValues) {
 }
 
 TEST(JisBlock, RequestsAreReadInCapitalsOnly) {
-    struct Case {
-        std::string data;
-        bool block;
-        std::optional<double> move;
-    } cases[] = {
-        {"J", true, std::nullopt},
-        {"j", false, std::nullopt},
-        {"hello", false, std::nullopt},
-        {"P43000.5", false, 43000.5},
-        {"P", false, 0.0},
-        {"p43000.5", false, std::nullopt},
-        {"JP42000.25", true, 0.0},    // the value starts after the first character: "P42..." is 0
+    const auto none = std::nullopt;
+    const struct { std::string data; bool block; std::optional<double> move; } cases[] = {
+        {"J", true, none},         {"j", false, none},        {"hello", false, none}, {"P43000.5", false, 43000.5},
+        {"P", false, 0.0},         {"p43000.5", false, none}, {"xJx", true, none},    {std::string("\0J", 2), true, none},
+        {"JP42000.25", true, 0.0},      // the value starts after the first character: "P42..." is 0
         {"P42000.25J", true, 42000.25}, // both: the block first, then the move
-        {"xJx", true, std::nullopt},
-        {std::string("\0J", 2), true, std::nullopt},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const JisRequest r = ReadJISRequest(c.data);
         EXPECT_EQ(r.sendBlock, c.block) << c.data;
         EXPECT_EQ(r.moveTo, c.move) << c.data;
@@ -101,10 +87,9 @@ TEST(JisParameters, ReadWriteAndFailures) {
     ServerSchedule p;
     // Keys in any case; numbers are the value of the text, rounded half to even.
     store.save("settings", "jisport", " 4712.5xyz");
-    store.save("Settings", "PushJIS", "1");
-    store.save("Settings", "JISsun", " false ");
-    store.save("Settings", "JISjupMODE", "0");
-    store.save("Settings", "JIStime", "-1");
+    const std::pair<const char*, const char*> keys[] = {
+        {"PushJIS", "1"}, {"JISsun", " false "}, {"JISjupMODE", "0"}, {"JIStime", "-1"}};
+    for (const auto& [key, value] : keys) store.save("Settings", key, value);
     ASSERT_FALSE(LoadJISParameters(store, p).has_value());
     EXPECT_EQ(p.JISPort, 4712);
     EXPECT_EQ(p.PushJIS, 1);
@@ -117,12 +102,9 @@ TEST(JisParameters, ReadWriteAndFailures) {
     EXPECT_EQ(store.get("Settings", "JIStime"), "True");
 
     // A value that cannot be read stops there; what follows keeps its value.
-    struct Bad {
-        const char* key;
-        const char* value;
-        const char* description;
-    } bad[] = {{"JISMin", "40000", "OverFlow"}, {"JISjupALTAZ", "maybe", "Type mismatch"}};
-    for (const Bad& b : bad) {
+    const struct { const char *key, *value, *description; } bad[] = {
+        {"JISMin", "40000", "OverFlow"}, {"JISjupALTAZ", "maybe", "Type mismatch"}};
+    for (const auto& b : bad) {
         QTemporaryDir d;
         SettingsStore s(d.filePath("s.ini"));
         s.save("Settings", b.key, b.value);

@@ -57,16 +57,19 @@ protected:
         return c;
     }
 
-    // Sends a request and reads until n bytes came (and nothing more within a short wait).
-    static QByteArray Ask(QTcpSocket& c, const QByteArray& request, qsizetype n) {
+    // Reads until n bytes came (and nothing more within a short wait).
+    static QByteArray Read(QTcpSocket& c, qsizetype n) {
         QByteArray got;
-        c.write(request);
         Serve([&] {
             got += c.readAll();
             return got.size() >= n;
         });
         Serve([] { return false; }, 30);
         return got + c.readAll();
+    }
+    static QByteArray Ask(QTcpSocket& c, const QByteArray& request, qsizetype n) {
+        c.write(request);
+        return Read(c, n);
     }
 
     std::string Expected() const {
@@ -119,7 +122,9 @@ TEST_F(JisLoopbackTest, RequestsAreAnsweredByteForByte) {
     EXPECT_EQ(both.toStdString(), before + Expected()) << "the block, then the move and its block";
 }
 
-TEST_F(JisLoopbackTest, ASecondClientCutsOffTheFirst) {
+// A second client cuts off the first; a one-shot client ("printf J | socat - TCP:...") closes its
+// side right after asking and still gets the block.
+TEST_F(JisLoopbackTest, ASecondClientCutsOffTheFirstAndAHalfClosedOneIsAnswered) {
     auto first = Connect();
     ASSERT_FALSE(Ask(*first, "J", 10).isEmpty());
     auto second = std::make_unique<QTcpSocket>();
@@ -127,21 +132,13 @@ TEST_F(JisLoopbackTest, ASecondClientCutsOffTheFirst) {
     EXPECT_TRUE(Serve([&] { return first->state() == QAbstractSocket::UnconnectedState; }));
     ASSERT_TRUE(Serve([&] { return second->state() == QAbstractSocket::ConnectedState && form->Socket1().IsConnected(); }));
     EXPECT_EQ(Ask(*second, "J", 10).toStdString(), Expected());
-}
 
-// A one-shot client ("printf J | socat - TCP:...") closes its side right after asking.
-TEST_F(JisLoopbackTest, AClientThatClosesAfterAskingStillGetsTheBlock) {
     auto client = Connect();
     const std::string expected = Expected();
     client->write("J");
     client->flush();
     ASSERT_EQ(::shutdown(static_cast<int>(client->socketDescriptor()), SHUT_WR), 0);
-    QByteArray got;
-    Serve([&] {
-        got += client->readAll();
-        return got.size() >= static_cast<qsizetype>(expected.size());
-    });
-    EXPECT_EQ(got.toStdString(), expected);
+    EXPECT_EQ(Read(*client, static_cast<qsizetype>(expected.size())).toStdString(), expected);
 }
 
 TEST_F(JisLoopbackTest, PushesWhenThePeriodHasRunOut) {
@@ -158,12 +155,9 @@ TEST_F(JisLoopbackTest, PushesWhenThePeriodHasRunOut) {
         got += client->readAll();
         return got.count("Year = ");
     };
-    EXPECT_EQ(tickAt(0), 1);
-    EXPECT_EQ(tickAt(30), 1);
-    EXPECT_EQ(tickAt(29), 1);
-    EXPECT_EQ(tickAt(2), 2);
-    EXPECT_EQ(tickAt(59), 2);
-    EXPECT_EQ(tickAt(2), 3);
+    // Seconds since the previous tick, and the blocks received so far: one a minute.
+    const std::pair<double, int> ticks[] = {{0, 1}, {30, 1}, {29, 1}, {2, 2}, {59, 2}, {2, 3}};
+    for (const auto& [later, blocks] : ticks) EXPECT_EQ(tickAt(later), blocks) << later;
 }
 
 TEST_F(JisLoopbackTest, AbuseLeavesTheStationTickingAndAnswering) {
@@ -232,18 +226,13 @@ TEST_F(JisLoopbackTest, AFailedStartIsToldAndTheNextStartTriesAgain) {
     const uint16_t p = FreePortPair();
     ASSERT_NE(p, 0);
     QTcpServer squatter; // someone else holds a port
-    const struct {
-        QString ip;
-        uint16_t port, taken;
-    } failing[] = {{"127.0.0.1", p, p}, {"127.0.0.1", p, static_cast<uint16_t>(p + 1)},
-                   {"192.0.2.77", p, 0}, {"not an address", p, 0}};
+    const struct { QString ip; uint16_t taken; } failing[] = {
+        {"127.0.0.1", p}, {"127.0.0.1", static_cast<uint16_t>(p + 1)}, {"192.0.2.77", 0}, {"not an address", 0}};
     for (const auto& f : failing) {
         squatter.close();
-        if (f.taken) {
-            ASSERT_TRUE(squatter.listen(QHostAddress::LocalHost, f.taken));
-        }
+        if (f.taken) { ASSERT_TRUE(squatter.listen(QHostAddress::LocalHost, f.taken)); }
         station->server.JISIP = f.ip;
-        station->server.JISPort = static_cast<int16_t>(f.port);
+        station->server.JISPort = static_cast<int16_t>(p);
         form->StartJIS();
         EXPECT_FALSE(form->JISRunning()) << f.ip.toStdString() << " " << f.taken;
         EXPECT_FALSE(form->JISFailure().isEmpty());
