@@ -314,8 +314,14 @@ QWidget* Form1::BuildReadoutPanel() {
         "#ReadoutPanel QLabel { color: #e6eefc; font-family: 'DejaVu Sans Mono', monospace; font-size: 11pt; }"
         "#ReadoutPanel QLabel#LBLJupiter { color: #e7b27a; font-weight: bold; font-size: 12pt; }"
         "#ReadoutPanel QLabel#LBLSun { color: #ffd54a; font-weight: bold; font-size: 12pt; }");
-    auto* grid = new QGridLayout(panel);
-    grid->setContentsMargins(14, 10, 14, 10);
+    // The readout stays one block in the middle of an enlarged window.
+    auto* centred = new QHBoxLayout(panel);
+    centred->setContentsMargins(14, 10, 14, 10);
+    auto* grid = new QGridLayout;
+    centred->addStretch(1);
+    centred->addLayout(grid, 6);
+    centred->addStretch(1);
+    grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(28);
     grid->setVerticalSpacing(3);
 
