@@ -202,7 +202,9 @@ TEST_F(ChartTest, TheNowLineStandsAtThePresentMinuteOfToday) {
         PlotSurface s(c.width, 190);
         DrawChartBody(s, Day(-10));
         DrawNowLine(s, c.second);
-        for (const int row : {0, 40, 100, 189}) EXPECT_EQ(s.Pixel(c.column, row), 0xFFFFFF);
+        // Top to bottom of the chart between the hour bands (rows 0-30 and 160-189), not over their labels.
+        for (const int row : {32, 100, 158}) EXPECT_EQ(s.Pixel(c.column, row), 0xFFFFFF);
+        for (const int row : {0, 29, 161, 189}) EXPECT_NE(s.Pixel(c.column, row), 0xFFFFFF);
         if (c.column > 0) {
             EXPECT_EQ(s.Pixel(c.column - 1, 100), 0);
         }

@@ -11,6 +11,9 @@ namespace tarvelle {
 
 namespace {
 
+// The chart's height is 9.5 units: the GMT hour band above, the local hour band below.
+constexpr float kHourBandHeight = 1.5f, kLocalBandTop = 8.0f;
+
 constexpr int kBlack = 0;
 constexpr int kWhite = 0xFFFFFF;
 constexpr int kHatchPeriod = 8; // pixels between the stripes of a taken-out event
@@ -108,8 +111,8 @@ void DrawChartBody(PlotSurface& s, const ChartDay& day) {
 
 void DrawHourBands(PlotSurface& s, double obsTZ) {
     s.SetScale(0, 0, 86400, 9.5f);
-    s.FillBox(0, 0, 86400, 1.5f, QBColor(2));
-    s.FillBox(0, 8, 86400, 9.5f, QBColor(8));
+    s.FillBox(0, 0, 86400, kHourBandHeight, QBColor(2));
+    s.FillBox(0, kLocalBandTop, 86400, 9.5f, QBColor(8));
     s.SetPenColour(0);
     s.SetFontSize(10);
     auto centred = [&s](const QString& text, float x, float top) {
@@ -144,11 +147,13 @@ void DrawNowLine(PlotSurface& s, double second) {
     const ScaleFrame frame = s.Frame();
     s.SetScale(0, 0, 86400, 9.5f);
     const int column = s.Frame().PixelColumn(second);
+    // Between the hour bands, so that the present hour's labels stay readable.
+    const auto top = static_cast<float>(s.Frame().PixelRow(kHourBandHeight) + 1);
+    const auto bottom = static_cast<float>(s.Frame().PixelRow(kLocalBandTop) - 1);
     s.SetPixelScale();
-    const auto bottom = static_cast<float>(s.PixelHeight() - 1);
     const std::pair<int, int> strokes[] = {{column - 1, kBlack}, {column + 1, kBlack}, {column, kWhite}};
     for (const auto& [c, colour] : strokes)
-        if (c >= 0 && c < s.PixelWidth()) s.DrawLine(static_cast<float>(c), 0, static_cast<float>(c), bottom, colour);
+        if (c >= 0 && c < s.PixelWidth()) s.DrawLine(static_cast<float>(c), top, static_cast<float>(c), bottom, colour);
     s.SetFrame(frame);
 }
 
