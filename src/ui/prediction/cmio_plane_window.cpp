@@ -211,7 +211,8 @@ void FormCMIoPlane::CreateBackground() {
         s.PrintText(text);
         s.DrawLine(360, fi, 350, fi, kWhite);
         s.DrawLine(fx, 0, fx, 10, kWhite);
-        s.DrawPoint(fx - s.FontSize() * static_cast<float>(text.size()) / 2, 20, 0);
+        // A label centred on the left edge (45 when shifted) starts at the edge, whole.
+        s.DrawPoint(std::max(0.0f, fx - s.FontSize() * static_cast<float>(text.size()) / 2), 20, 0);
         s.PrintText(text);
         s.DrawLine(fx, 360, fx, 350, kWhite);
     }
