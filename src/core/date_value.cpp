@@ -82,6 +82,16 @@ std::optional<double> CheckedDateSerial(double year, double month, double day) {
     return t;
 }
 
+double WholeDay(double dateValue) {
+    const CalendarFields f = FieldsOf(dateValue);
+    return DateSerial(f.year, f.month, f.day);
+}
+
+int SecondsOfDay(double dateValue) {
+    const CalendarFields f = FieldsOf(dateValue);
+    return f.hour * 3600 + f.minute * 60 + f.second;
+}
+
 double TimeSerial(double hour, double minute, double second) {
     return (hour * 3600.0 + minute * 60.0 + second) / 86400.0;
 }

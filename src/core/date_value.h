@@ -28,6 +28,11 @@ inline constexpr int kFirstDateYear = 100, kLastDateYear = 9999;
 // make falls outside kFirstDateYear..kLastDateYear or a number is not finite.
 std::optional<double> CheckedDateSerial(double year, double month, double day);
 
+// The date alone of a date value, and the seconds since its midnight, both as its calendar
+// fields give them (to the rounded second, with the carry).
+double WholeDay(double dateValue);
+int SecondsOfDay(double dateValue);
+
 // The fraction of a day of hours, minutes and seconds; out-of-range values carry.
 double TimeSerial(double hour, double minute, double second);
 

@@ -64,16 +64,6 @@ std::string WholeText(double x) {
 
 } // namespace
 
-int SecondsOfDay(double dateValue) {
-    const CalendarFields f = FieldsOf(dateValue);
-    return f.hour * 3600 + f.minute * 60 + f.second;
-}
-
-double WholeDay(double dateValue) {
-    const CalendarFields f = FieldsOf(dateValue);
-    return DateSerial(f.year, f.month, f.day);
-}
-
 std::optional<int> ScriptTimeOfDay(const std::string& parameter) {
     const auto f = Fields(TokenWith(parameter, ':'), ':');
     if (!f || f->size() < 2 || f->size() > 3) return std::nullopt;

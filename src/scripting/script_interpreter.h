@@ -61,10 +61,6 @@ inline constexpr size_t kMaxScriptLines = 100000;
 std::optional<int> ScriptTimeOfDay(const std::string& parameter);
 std::optional<double> ScriptDate(const std::string& parameter);
 
-// Seconds since midnight of a date value, and its date alone, both to the rounded second.
-int SecondsOfDay(double dateValue);
-double WholeDay(double dateValue);
-
 class ScriptInterpreter {
 public:
     ScriptInterpreter(Station& station, ScriptHost& host, ScriptDevices& devices);

@@ -15,12 +15,6 @@ std::optional<double> DateOfFields(const std::string& y, const std::string& m, c
     return CheckedDateSerial(ValueOfText(y), ValueOfText(m), ValueOfText(d));
 }
 
-// The whole-day part of an instant as its calendar fields give it, seconds rounded with carry.
-double DayOf(double t) {
-    const CalendarFields f = FieldsOf(t);
-    return DateSerial(f.year, f.month, f.day);
-}
-
 std::string RightAligned(const std::string& text, size_t width) {
     return text.size() >= width ? text : std::string(width - text.size(), ' ') + text;
 }
@@ -80,7 +74,7 @@ AltAzTableResult WriteAltAzTable(Core& core, const AltAzTableInput& in, const st
     core.CurrentUT = *start;
     const double perDay = 1440.0 / step;
     if (!in.randomAccess && file) file << TextTableHeading(in) << '\n';
-    while (DayOf(core.CurrentUT) <= *end) {
+    while (WholeDay(core.CurrentUT) <= *end) {
         core.UpdateSiderealTime();
         core.UpdateSunJupiterPositions();
         core.UpdateHorizonCoords();
