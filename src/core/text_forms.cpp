@@ -223,6 +223,12 @@ std::string Trim(std::string_view text) {
     return std::string(text.substr(b, e - b));
 }
 
+std::string TrimSpaces(std::string_view text) {
+    const size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
 std::string ToLower(std::string_view text) {
     std::string s(text);
     for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));

@@ -30,6 +30,8 @@ double PlainNumber(std::string_view text, double fallback = 0.0);
 bool StoredBool(std::string_view text);
 
 std::string Trim(std::string_view text);
+// Trim of blanks (spaces) only: tabs and line ends stay.
+std::string TrimSpaces(std::string_view text);
 std::string ToLower(std::string_view text);
 
 } // namespace tarvelle

@@ -1,5 +1,7 @@
 #include "formats/entries.h"
 
+#include "core/text_forms.h"
+
 #include <cerrno>
 #include <cstring>
 #include <fstream>
@@ -15,12 +17,6 @@ bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
 size_t SkipLineEnd(const std::string& text, size_t i) {
     if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') return i + 2;
     return i + 1;
-}
-
-std::string TrimSpaces(const std::string& s) {
-    const size_t first = s.find_first_not_of(' ');
-    if (first == std::string::npos) return {};
-    return s.substr(first, s.find_last_not_of(' ') - first + 1);
 }
 
 } // namespace

@@ -19,12 +19,6 @@ constexpr char kOverflow[] = "Overflow";
 constexpr char kTypeMismatch[] = "Type mismatch";
 constexpr int kSecondsPerDay = 86400;
 
-std::string TrimSpaces(const std::string& s) {
-    const size_t first = s.find_first_not_of(' ');
-    if (first == std::string::npos) return {};
-    return s.substr(first, s.find_last_not_of(' ') - first + 1);
-}
-
 void ReplaceAll(std::string& text, const std::string& word, const std::string& value) {
     for (size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + value.size()))
         text.replace(at, word.size(), value);
