@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarvelle {
 
@@ -32,6 +33,10 @@ bool StoredBool(std::string_view text);
 std::string Trim(std::string_view text);
 // Trim of blanks (spaces) only: tabs and line ends stay.
 std::string TrimSpaces(std::string_view text);
+
+// The lines of a text in bytes: ends are CR LF, LF or a lone CR; a last line without an end
+// counts.
+std::vector<std::string> SplitTextLines(std::string_view text);
 std::string ToLower(std::string_view text);
 
 } // namespace tarvelle

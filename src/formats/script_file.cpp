@@ -32,19 +32,6 @@ std::string UpperAscii(std::string_view text) {
     return out;
 }
 
-std::vector<std::string> SplitTextLines(std::string_view text) {
-    std::vector<std::string> lines;
-    size_t start = 0;
-    for (size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != '\r' && text[i] != '\n') continue;
-        lines.emplace_back(text.substr(start, i - start));
-        if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
-        start = i + 1;
-    }
-    if (start < text.size()) lines.emplace_back(text.substr(start));
-    return lines;
-}
-
 bool IsDroppedScriptLine(std::string_view line) {
     return line.size() <= 2 || line.substr(0, 2) == "\\\\";
 }

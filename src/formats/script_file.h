@@ -2,6 +2,8 @@
 // that can hold a command; the Script Builder keeps every line as written.
 #pragma once
 
+#include "core/text_forms.h" // SplitTextLines
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,10 +12,6 @@
 namespace tarvelle {
 
 inline constexpr size_t kScriptStoredLines = 1001; // indices 0 to 1000
-
-// The lines of a text in bytes: ends are CR LF, LF or a lone CR; a last line without an end
-// counts.
-std::vector<std::string> SplitTextLines(std::string_view text);
 
 // True for a line the interpreter drops: 2 bytes or fewer, or a comment ("\\" first).
 bool IsDroppedScriptLine(std::string_view line);

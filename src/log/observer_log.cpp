@@ -71,14 +71,8 @@ std::optional<LogFailure> LoadLogText(const QString& path, QString& text) {
     const QByteArray all = file.readAll();
     if (file.error() != QFileDevice::NoError) return Numbered(57);
     // A line ends at CR LF, a lone CR or a lone LF; each comes back as CR LF.
-    qsizetype start = 0;
-    while (start < all.size()) {
-        qsizetype end = start;
-        while (end < all.size() && all[end] != '\r' && all[end] != '\n') ++end;
-        text += QString::fromLatin1(all.mid(start, end - start)) + kCrLf;
-        if (end < all.size() && all[end] == '\r' && end + 1 < all.size() && all[end + 1] == '\n') ++end;
-        start = end + 1;
-    }
+    for (const std::string& line : SplitTextLines(std::string_view(all.constData(), static_cast<size_t>(all.size()))))
+        text += QString::fromLatin1(line.data(), static_cast<qsizetype>(line.size())) + kCrLf;
     return std::nullopt;
 }
 
