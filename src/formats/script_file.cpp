@@ -1,9 +1,8 @@
 #include "formats/script_file.h"
 
+#include "formats/file_io.h"
+
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <sstream>
 #include <system_error>
 
 namespace tarvelle {
@@ -11,12 +10,9 @@ namespace tarvelle {
 namespace {
 
 std::optional<std::string> ReadWhole(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) return std::nullopt;
-    std::ostringstream text;
-    text << in.rdbuf();
-    if (in.bad()) return std::nullopt;
-    return text.str();
+    std::string text;
+    if (ReadSmallFile(path, kMaxStationFileBytes, text) != 0) return std::nullopt;
+    return text;
 }
 
 bool SameIgnoringCase(const std::string& a, const std::string& b) {
@@ -55,10 +51,9 @@ std::optional<std::vector<std::string>> ReadScriptText(const std::string& path) 
 }
 
 bool WriteScriptText(const std::string& path, const std::vector<std::string>& lines) {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    if (!out) return false;
-    for (const std::string& line : lines) out << line << "\r\n";
-    return static_cast<bool>(out.flush());
+    std::string bytes;
+    for (const std::string& line : lines) bytes += line + "\r\n";
+    return WriteFileAtomically(path, bytes).number == 0;
 }
 
 std::string FindFileAnyCase(const std::string& path) {

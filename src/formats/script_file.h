@@ -23,7 +23,8 @@ std::optional<std::vector<std::string>> ReadScriptLines(const std::string& path)
 // Every line of the file as written, for editing; nullopt when it cannot be read.
 std::optional<std::vector<std::string>> ReadScriptText(const std::string& path);
 
-// Writes each entry as one line ended by CR LF; false when the file cannot be written.
+// Replaces the file in one step with each entry as one line ended by CR LF; false when it
+// cannot be written (the old file then stays whole).
 bool WriteScriptText(const std::string& path, const std::vector<std::string>& lines);
 
 // The path of an existing file that matches path whatever the case of each name along it, or
