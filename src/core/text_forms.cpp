@@ -209,11 +209,17 @@ double PlainNumber(std::string_view text, double fallback) {
     return value;
 }
 
-bool StoredBool(std::string_view text) {
+std::optional<bool> ReadStoredBool(std::string_view text) {
     const std::string t = ToLower(Trim(text));
     if (t == "true") return true;
     if (t == "false") return false;
-    return PlainNumber(t) != 0.0;
+    const double v = PlainNumber(t, std::nan(""));
+    if (std::isnan(v)) return std::nullopt;
+    return v != 0.0;
+}
+
+bool StoredBool(std::string_view text) {
+    return ReadStoredBool(text).value_or(false);
 }
 
 std::string Trim(std::string_view text) {

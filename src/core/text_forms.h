@@ -2,6 +2,7 @@
 // text, and number masks. They are part of what the user reads, so they are exact.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,7 +28,9 @@ std::string FormatNumberMask(double x, std::string_view mask);
 // not a number gives the fallback.
 double PlainNumber(std::string_view text, double fallback = 0.0);
 
-// A stored boolean: "True"/"False" in any case, or a number (non-zero is true).
+// A stored boolean: "True"/"False" in any case, or a number (non-zero is true); blanks around
+// allowed. ReadStoredBool gives nothing for any other text, StoredBool false.
+std::optional<bool> ReadStoredBool(std::string_view text);
 bool StoredBool(std::string_view text);
 
 std::string Trim(std::string_view text);

@@ -27,16 +27,6 @@ std::optional<int16_t> ShortKey(const QString& text) {
     return static_cast<int16_t>(v);
 }
 
-// A Boolean key: "True", "False" (any case) or a number, blanks around allowed.
-std::optional<bool> BoolKey(const QString& text) {
-    const std::string t = ToLower(Trim(text.toStdString()));
-    if (t == "true") return true;
-    if (t == "false") return false;
-    const double v = PlainNumber(t, std::numeric_limits<double>::quiet_NaN());
-    if (std::isnan(v)) return std::nullopt;
-    return v != 0.0;
-}
-
 QString Failure(const std::string& description) {
     return "Error Getting Jupiter Information Server Defaults.\r\n" + QString::fromStdString(description);
 }
@@ -122,7 +112,7 @@ std::optional<QString> LoadJISParameters(const SettingsStore& settings, ServerSc
     for (const BoolItem& i : {BoolItem{"JIStime", "1", &p.JIStime}, BoolItem{"JISjupALTAZ", "True", &p.JISjupALTAZ},
                               BoolItem{"JISjupCMLIO", "1", &p.JISjupCMLIO}, BoolItem{"JISjupMODE", "1", &p.JISjupMODE},
                               BoolItem{"JISsun", "1", &p.JISsun}}) {
-        const auto v = BoolKey(get(i.key, i.def));
+        const auto v = ReadStoredBool(get(i.key, i.def).toStdString());
         if (!v) return Failure("Type mismatch");
         *i.target = *v;
     }
