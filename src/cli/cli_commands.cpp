@@ -36,12 +36,6 @@ namespace tarvelle {
 
 namespace {
 
-// A command that writes only to standard output.
-template <typename F>
-std::function<int(const Options&, std::ostream&, std::ostream&)> Ignoring(F f) {
-    return [f](const Options& o, std::ostream& out, std::ostream&) { return f(o, out); };
-}
-
 
 int Positions(const Options& options, std::ostream& out) {
     RequireOnly(options, {"ut", "observer", "lat", "lng", "tz"});

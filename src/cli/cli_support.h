@@ -34,6 +34,12 @@ struct CliCommand {
     std::string positional{}; // the option that takes a lone argument (antenna FILE), if any
 };
 
+// The run of a command that writes only to standard output.
+template <typename F>
+std::function<int(const Options&, std::ostream&, std::ostream&)> Ignoring(F f) {
+    return [f](const Options& o, std::ostream& out, std::ostream&) { return f(o, out); };
+}
+
 // "--name value" or "--name=value", in any order; a value may start with a minus. With a
 // positional name, one argument without dashes (even an empty one) is stored under it.
 Options ParseOptions(const std::vector<std::string>& args, size_t from, const std::set<std::string>& flags,

@@ -123,18 +123,15 @@ int AltAzTable(const Options& options, std::ostream& out) {
 } // namespace
 
 std::vector<CliCommand> TablesCommands() {
-    auto ignoring = [](int (*f)(const Options&, std::ostream&)) {
-        return [f](const Options& o, std::ostream& out, std::ostream&) { return f(o, out); };
-    };
     return {
-        {"ephemeris", "ephemeris --date YYYY-MM-DD [--interval TEXT] [observer]", {}, ignoring(Ephemeris)},
-        {"visibility", "visibility --year TEXT [--hires] [observer]", {"hires"}, ignoring(Visibility)},
-        {"de", "de --from-year TEXT --to-year TEXT", {}, ignoring(De)},
+        {"ephemeris", "ephemeris --date YYYY-MM-DD [--interval TEXT] [observer]", {}, Ignoring(Ephemeris)},
+        {"visibility", "visibility --year TEXT [--hires] [observer]", {"hires"}, Ignoring(Visibility)},
+        {"de", "de --from-year TEXT --to-year TEXT", {}, Ignoring(De)},
         {"altaz-table",
          "altaz-table --from YYYY-MM-DD --to YYYY-MM-DD --step TEXT --out FILE\n"
          "    [--text [--no-date] [--no-time] [--bodies jupiter|sun|both]] [observer]",
          {"text", "no-date", "no-time"},
-         ignoring(AltAzTable)},
+         Ignoring(AltAzTable)},
     };
 }
 
