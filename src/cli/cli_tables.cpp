@@ -25,21 +25,19 @@ void PrintMessage(std::ostream& out, const std::string& text) {
     out << "message: " << line << '\n';
 }
 
-// "Y-M-D" into the texts of three date fields, taken as the window takes them.
-std::array<std::string, 3> DateFields(const Options& options, const char* key) {
-    const auto it = options.find(key);
-    if (it == options.end()) throw UsageError(std::string("missing --") + key);
-    const std::string& t = it->second;
-    const size_t a = t.find('-', 1);
-    const size_t b = a == std::string::npos ? a : t.find('-', a + 1);
-    if (b == std::string::npos) throw UsageError("--" + std::string(key) + " wants YYYY-MM-DD, not '" + t + "'");
-    return {t.substr(0, a), t.substr(a + 1, b - a - 1), t.substr(b + 1)};
-}
-
 std::string RequiredText(const Options& options, const char* key) {
     const auto it = options.find(key);
     if (it == options.end()) throw UsageError(std::string("missing --") + key);
     return it->second;
+}
+
+// "Y-M-D" into the texts of three date fields, taken as the window takes them.
+std::array<std::string, 3> DateFields(const Options& options, const char* key) {
+    const std::string t = RequiredText(options, key);
+    const size_t a = t.find('-', 1);
+    const size_t b = a == std::string::npos ? a : t.find('-', a + 1);
+    if (b == std::string::npos) throw UsageError("--" + std::string(key) + " wants YYYY-MM-DD, not '" + t + "'");
+    return {t.substr(0, a), t.substr(a + 1, b - a - 1), t.substr(b + 1)};
 }
 
 int Ephemeris(const Options& options, std::ostream& out) {
