@@ -9,8 +9,6 @@ namespace tarvelle {
 
 namespace {
 
-constexpr char kSection[] = "Tasks";
-
 double D(float x) {
     return static_cast<double>(x);
 }
@@ -36,7 +34,7 @@ bool AutomationTask::LoadAutomationParameters() {
         return false;
     }
     const auto text = [this](const char* key, const char* fallback) {
-        return st_.settings.get(kSection, key, fallback).toStdString();
+        return st_.settings.get(kTasksSection, key, fallback).toStdString();
     };
     const auto flag = [&](const char* key) { return ValueOfText(text(key, "0")) == 1.0; };
     const auto single = [&](const char* key, const char* fallback) {
@@ -58,11 +56,9 @@ bool AutomationTask::LoadAutomationParameters() {
     p.TaskTime = ScriptTimeOfDay(text("TaskTime", "00:00:00")).value_or(0) / 86400.0;
     p.DoAtThisTime = flag("DoAtThisTime");
     p.TaskUseGMT = flag("TaskUseGMT");
-    const char* runKeys[] = {"", "RunScript", "RunScript2", "RunScript3", "RunScript4"};
-    const char* fileKeys[] = {"", "ScriptFileName", "ScriptFileName2", "ScriptFileName3", "ScriptFileName4"};
     for (size_t i = 1; i <= kTaskScripts; ++i) {
-        p.RunScript[i] = flag(runKeys[i]);
-        p.ScriptFileName[i] = text(fileKeys[i], "");
+        p.RunScript[i] = flag(kTaskRunKeys[i]);
+        p.ScriptFileName[i] = text(kTaskFileKeys[i], "");
     }
     p.AltChanges = flag("AltChanges");
     p.AzChanges = flag("AzChanges");

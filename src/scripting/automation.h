@@ -18,6 +18,14 @@ namespace tarvelle {
 
 inline constexpr int kTaskScripts = 4;
 
+// The settings section of the record, and the keys of script n (1 to 4): whether it runs, and
+// its file.
+inline constexpr char kTasksSection[] = "Tasks";
+inline constexpr const char* kTaskRunKeys[kTaskScripts + 1] = {"", "RunScript", "RunScript2", "RunScript3",
+                                                                "RunScript4"};
+inline constexpr const char* kTaskFileKeys[kTaskScripts + 1] = {"", "ScriptFileName", "ScriptFileName2",
+                                                                 "ScriptFileName3", "ScriptFileName4"};
+
 struct AutomationParameters {
     std::array<bool, kPredictedModes + 1> ModeTask{}; // 1 to NumModes
     bool UseJupAz = false;

@@ -10,8 +10,6 @@ namespace tarvelle {
 
 namespace {
 
-constexpr char kSection[] = "Tasks";
-
 QString Q(const std::string& s) {
     return QString::fromStdString(s);
 }
@@ -39,8 +37,8 @@ bool CheckAngles(Station& st, AutomationParameters& p) {
                            "Altitude Error");
         return false;
     }
-    st.settings.save(kSection, "JupAlt1", Single(p.JupAlt1));
-    st.settings.save(kSection, "JupAlt2", Single(p.JupAlt2));
+    st.settings.save(kTasksSection, "JupAlt1", Single(p.JupAlt1));
+    st.settings.save(kTasksSection, "JupAlt2", Single(p.JupAlt2));
     if (!InRange(p.JupAz1, 0.0f, 359.99f) || !InRange(p.JupAz2, 0.0f, 359.99f) || p.JupAz1 == p.JupAz2) {
         st.dialogs.Message("One or more of the Jupiter azimuths that you\r\nselected, is invalid. Valid azimuths are "
                            "between\r\n0 and 359.99 degrees. Also the selected azimuths must\r\nnot have the same value.",
@@ -49,16 +47,14 @@ bool CheckAngles(Station& st, AutomationParameters& p) {
     }
     if (p.JupAz1 > p.JupAz2) std::swap(p.JupAz1, p.JupAz2);
     if (p.JupAlt1 > p.JupAlt2) std::swap(p.JupAlt1, p.JupAlt2);
-    st.settings.save(kSection, "JupAz1", Single(p.JupAz1));
-    st.settings.save(kSection, "JupAz2", Single(p.JupAz2));
+    st.settings.save(kTasksSection, "JupAz1", Single(p.JupAz1));
+    st.settings.save(kTasksSection, "JupAz2", Single(p.JupAz2));
     return true;
 }
 
 bool CheckScripts(Station& st, AutomationParameters& p, const AutomationEntries& e) {
     // The words follow the rows on the window, one off from the scripts' numbers.
     const char* ordinal[] = {"", "Second", "Third", "Fourth", "First"};
-    const char* runKeys[] = {"", "RunScript", "RunScript2", "RunScript3", "RunScript4"};
-    const char* fileKeys[] = {"", "ScriptFileName", "ScriptFileName2", "ScriptFileName3", "ScriptFileName4"};
     for (size_t i = 1; i <= kTaskScripts; ++i) {
         p.ScriptFileName[i] = e.paths[i];
         if (p.RunScript[i] && !FileExists(e.paths[i])) {
@@ -66,8 +62,8 @@ bool CheckScripts(Station& st, AutomationParameters& p, const AutomationEntries&
                                "Script File Missing");
             return false;
         }
-        st.settings.save(kSection, runKeys[i], Plain(p.RunScript[i]));
-        st.settings.save(kSection, fileKeys[i], Q(e.paths[i]));
+        st.settings.save(kTasksSection, kTaskRunKeys[i], Plain(p.RunScript[i]));
+        st.settings.save(kTasksSection, kTaskFileKeys[i], Q(e.paths[i]));
     }
     return true;
 }
@@ -89,7 +85,7 @@ bool CheckTaskDate(Station& st, AutomationParameters& p, AutomationEntries& e) {
     }
     p.TaskDate = date;
     p.TaskTime = time;
-    st.settings.save(kSection, "TaskDate", Q(TaskDateText(date)));
+    st.settings.save(kTasksSection, "TaskDate", Q(TaskDateText(date)));
     return true;
 }
 
@@ -112,22 +108,22 @@ bool SaveAutomationEntries(Station& st, AutomationParameters& p, AutomationEntri
     if (!CheckAngles(st, p) || !CheckScripts(st, p, e)) return false;
     if (e.doOnThisDate && !CheckTaskDate(st, p, e)) return false;
     p.TaskTime = TimeFromBoxes(e.boxes);
-    st.settings.save(kSection, "TaskTime", Q(TaskTimeText(p.TaskTime)));
+    st.settings.save(kTasksSection, "TaskTime", Q(TaskTimeText(p.TaskTime)));
     p.TaskUseGMT = e.optGMT;
-    st.settings.save(kSection, "TaskUseGMT", Checked(e.optGMT));
+    st.settings.save(kTasksSection, "TaskUseGMT", Checked(e.optGMT));
     p.AltChanges = e.altChanges;
     p.AzChanges = e.azChanges;
     if (!CheckSteps(st, e, programTitle)) return false;
 
     if (e.doDaily) e.doOnThisDate = false; // Do Daily wins
-    st.settings.save(kSection, "AzChangeDeg", Q(e.azChangeText));
-    st.settings.save(kSection, "AltChangeDeg", Q(e.altChangeText));
-    st.settings.save(kSection, "AltChanges", Plain(e.altChanges));
-    st.settings.save(kSection, "AzChanges", Plain(e.azChanges));
-    st.settings.save(kSection, "DoAtThisTime", Checked(e.doAtThisTime));
-    st.settings.save(kSection, "AudibleAlert", Checked(e.audibleAlert));
-    st.settings.save(kSection, "DoDaily", Checked(e.doDaily));
-    st.settings.save(kSection, "DoOnThisDate", Checked(e.doOnThisDate));
+    st.settings.save(kTasksSection, "AzChangeDeg", Q(e.azChangeText));
+    st.settings.save(kTasksSection, "AltChangeDeg", Q(e.altChangeText));
+    st.settings.save(kTasksSection, "AltChanges", Plain(e.altChanges));
+    st.settings.save(kTasksSection, "AzChanges", Plain(e.azChanges));
+    st.settings.save(kTasksSection, "DoAtThisTime", Checked(e.doAtThisTime));
+    st.settings.save(kTasksSection, "AudibleAlert", Checked(e.audibleAlert));
+    st.settings.save(kTasksSection, "DoDaily", Checked(e.doDaily));
+    st.settings.save(kTasksSection, "DoOnThisDate", Checked(e.doOnThisDate));
     p.AltChangeDeg = static_cast<float>(ValueOfText(e.altChangeText));
     p.AzChangeDeg = static_cast<float>(ValueOfText(e.azChangeText));
     p.DoAtThisTime = e.doAtThisTime;
@@ -137,13 +133,13 @@ bool SaveAutomationEntries(Station& st, AutomationParameters& p, AutomationEntri
     p.UseJupAz = e.useJupAz;
     p.UseJupAlt = e.useJupAlt;
     p.SunIsDown = e.sunIsDown;
-    st.settings.save(kSection, "JupAz", Checked(e.useJupAz));
-    st.settings.save(kSection, "JupAlt", Checked(e.useJupAlt));
-    st.settings.save(kSection, "RunScript", Plain(p.RunScript[1]));
-    st.settings.save(kSection, "RunScript2", Plain(p.RunScript[2]));
-    st.settings.save(kSection, "SunIsDown", Checked(e.sunIsDown));
+    st.settings.save(kTasksSection, "JupAz", Checked(e.useJupAz));
+    st.settings.save(kTasksSection, "JupAlt", Checked(e.useJupAlt));
+    st.settings.save(kTasksSection, "RunScript", Plain(p.RunScript[1]));
+    st.settings.save(kTasksSection, "RunScript2", Plain(p.RunScript[2]));
+    st.settings.save(kTasksSection, "SunIsDown", Checked(e.sunIsDown));
     // The running task takes the target at its next load.
-    st.settings.save(kSection, "AltAzTarget", e.optJup ? "0" : "1");
+    st.settings.save(kTasksSection, "AltAzTarget", e.optJup ? "0" : "1");
     return true;
 }
 
