@@ -4,6 +4,7 @@
 #include "station/help_commands.h"
 #include "station/station.h"
 #include "ui/common/click_label.h"
+#include "ui/common/named_controls.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
@@ -18,12 +19,6 @@ namespace {
 
 constexpr int kIconSize = 64;
 constexpr int kTextWidth = 440;
-
-QLabel* NamedLabel(QWidget* parent, const char* name, const QString& text) {
-    auto* label = new QLabel(text, parent);
-    label->setObjectName(name);
-    return label;
-}
 
 QFrame* Rule(QWidget* parent) {
     auto* rule = new QFrame(parent);

@@ -1,5 +1,6 @@
 #include "ui/scripting/parameters_window.h"
 
+#include "ui/common/named_controls.h"
 #include "core/date_value.h"
 #include "core/text_forms.h"
 #include "scripting/automation_form.h"
@@ -24,17 +25,6 @@ namespace {
 
 constexpr char kSection[] = "Tasks";
 constexpr char kNoPathTip[] = "Script file path and name goes here";
-
-template <typename W> W* Named(W* w, const char* name) {
-    w->setObjectName(name);
-    return w;
-}
-
-QLineEdit* NumberBox(QWidget* parent, const char* name, int width = 60) {
-    auto* box = Named(new QLineEdit(parent), name);
-    box->setFixedWidth(width);
-    return box;
-}
 
 QString Q(const std::string& s) {
     return QString::fromStdString(s);
@@ -80,11 +70,11 @@ QWidget* FormParameters::BuildConditions() {
         grid->addWidget(ChkMode[i], 1 + static_cast<int>(i) / 3, static_cast<int>(i) % 3 * 2, 1, 2);
     }
     ChkJupAz = Named(new QCheckBox("Jup Az is Between", box), "ChkJupAz");
-    TxtJupAz1 = NumberBox(box, "TxtJupAz1");
-    TxtJupAz2 = NumberBox(box, "TxtJupAz2");
+    TxtJupAz1 = NamedField(box, "TxtJupAz1", 60);
+    TxtJupAz2 = NamedField(box, "TxtJupAz2", 60);
     ChkJupAlt = Named(new QCheckBox("Jup Alt is Between", box), "ChkJupAlt");
-    TxtJupAlt1 = NumberBox(box, "TxtJupAlt1");
-    TxtJupAlt2 = NumberBox(box, "TxtJupAlt2");
+    TxtJupAlt1 = NamedField(box, "TxtJupAlt1", 60);
+    TxtJupAlt2 = NamedField(box, "TxtJupAlt2", 60);
     ChkSunIsDown = Named(new QCheckBox("Only When Sun Is Below Horizon", box), "ChkSunIsDown");
     grid->addWidget(ChkJupAz, 3, 0);
     grid->addWidget(TxtJupAz1, 3, 1);
@@ -109,11 +99,11 @@ QWidget* FormParameters::BuildWhen() {
     ChkDoAtThisTime->setToolTip(
         "Perform task at this time (GMT) either daily or on specified date. Other criteria will be ignored.");
     LBLDateFormat = Named(new QLabel(box), "LBLDateFormat");
-    txtY = NumberBox(box, "txtY", 52);
-    txtM = NumberBox(box, "txtM", 34);
-    txtD = NumberBox(box, "txtD", 34);
-    txtH = NumberBox(box, "txtH", 34);
-    txtN = NumberBox(box, "txtN", 34);
+    txtY = NamedField(box, "txtY", 52);
+    txtM = NamedField(box, "txtM", 34);
+    txtD = NamedField(box, "txtD", 34);
+    txtH = NamedField(box, "txtH", 34);
+    txtN = NamedField(box, "txtN", 34);
     CmdCal = Named(new QPushButton("Calendar", box), "CmdCal");
     OptGMT = Named(new QRadioButton("GMT", box), "OptGMT");
     OptLocal = Named(new QRadioButton("Local", box), "OptLocal");
@@ -157,8 +147,8 @@ QWidget* FormParameters::BuildMovement() {
     auto* grid = new QGridLayout(box);
     ChkAltChanges = Named(new QCheckBox("Alt Changes by", box), "ChkAltChanges");
     ChkAzChanges = Named(new QCheckBox("Az Changes by", box), "ChkAzChanges");
-    TxtAltChange = NumberBox(box, "TxtAltChange");
-    TxtAzChange = NumberBox(box, "TxtAzChange");
+    TxtAltChange = NamedField(box, "TxtAltChange", 60);
+    TxtAzChange = NamedField(box, "TxtAzChange", 60);
     OptJup = Named(new QRadioButton("Jup", box), "OptJup");
     OptSun = Named(new QRadioButton("Sun", box), "OptSun");
     ChkAudibleAlert = Named(new QCheckBox("Audible Alert", box), "ChkAudibleAlert");

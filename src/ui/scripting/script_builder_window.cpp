@@ -1,5 +1,6 @@
 #include "ui/scripting/script_builder_window.h"
 
+#include "ui/common/named_controls.h"
 #include "core/date_value.h"
 #include "core/text_forms.h"
 #include "formats/script_file.h"
@@ -19,13 +20,6 @@ namespace {
 
 constexpr char kScriptFilter[] = "Script File(*.scp)|*.scp|Any (*.*)|*.*";
 
-QPushButton* Button(QWidget* parent, const char* name, const char* caption) {
-    auto* b = new QPushButton(caption, parent);
-    b->setObjectName(name);
-    b->setAutoDefault(false);
-    return b;
-}
-
 } // namespace
 
 FormScripter::FormScripter(Station& station, QWidget* parent) : QDialog(parent), st_(station) {
@@ -44,14 +38,14 @@ FormScripter::FormScripter(Station& station, QWidget* parent) : QDialog(parent),
     ListCmd->setMinimumWidth(260);
     LBLindex = new QLabel(this);
     LBLindex->setObjectName("LBLindex");
-    CmdAddCmd = Button(this, "CmdAddCmd", "<- Add");
-    CmdInsert = Button(this, "CmdInsert", "Insert");
-    CmdDelete = Button(this, "CmdDelete", "Delete");
-    CmdEdit = Button(this, "CmdEdit", "Edit");
-    CmdNew = Button(this, "CmdNew", "New");
-    CmdLoad = Button(this, "CmdLoad", "Load");
-    CmdSave = Button(this, "CmdSave", "Save");
-    CmdExit = Button(this, "CmdExit", "Exit");
+    CmdAddCmd = NamedButton(this, "CmdAddCmd", "<- Add");
+    CmdInsert = NamedButton(this, "CmdInsert", "Insert");
+    CmdDelete = NamedButton(this, "CmdDelete", "Delete");
+    CmdEdit = NamedButton(this, "CmdEdit", "Edit");
+    CmdNew = NamedButton(this, "CmdNew", "New");
+    CmdLoad = NamedButton(this, "CmdLoad", "Load");
+    CmdSave = NamedButton(this, "CmdSave", "Save");
+    CmdExit = NamedButton(this, "CmdExit", "Exit");
     grid->addWidget(scriptLabel, 0, 0);
     grid->addWidget(commandsLabel, 0, 2);
     grid->addWidget(ComboScript, 1, 0);

@@ -1,5 +1,6 @@
 #include "ui/server/server_options_window.h"
 
+#include "ui/common/named_controls.h"
 #include "core/numeric.h"
 #include "core/text_forms.h"
 #include "server/jis_block.h"
@@ -18,12 +19,6 @@
 namespace tarvelle {
 
 namespace {
-
-template <typename T>
-T* Named(T* w, const char* name) {
-    w->setObjectName(name);
-    return w;
-}
 
 // A 16-bit field: the value of its text, rounded; nothing when it does not fit.
 std::optional<int16_t> ShortField(const QLineEdit* box) {

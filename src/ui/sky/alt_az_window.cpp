@@ -168,10 +168,10 @@ void FormAltAz::PlotSun(double az, double alt) {
     if (ChkPlotSun->isChecked()) MoveBody(false, az, alt);
 }
 
+// AllPlots ends with the labels.
 void FormAltAz::UpdateAltAz() {
     GetPointer();
     AllPlots();
-    DoLabels();
 }
 
 void FormAltAz::DoLabels() {

@@ -19,8 +19,6 @@ namespace {
 constexpr float kUnits = 360.0f;
 constexpr int kScreenSide = 720; // pixels of Pic1: two a unit
 
-double SpanOf(double ra1, double ra2) { return ra1 > ra2 ? ra2 + 360.0 - ra1 : ra2 - ra1; }
-
 } // namespace
 
 Form5::Form5(Station& station, const Form8& pictures, QWidget* parent)
@@ -57,7 +55,7 @@ void Form5::ResetView() {
         s->StretchPicture(pictures_.Pic408, 0, 0, kUnits, kUnits);
     }
     view = SkyImageView{};
-    SetScaleFactors();
+    SetScaleFactors(view, Pic1->Surface().ScaleWidth(), Pic1->Surface().ScaleHeight());
     Pic1->Surface().Refresh();
 }
 
@@ -71,19 +69,9 @@ void Form5::DrawStuff() {
     s.Refresh();
 }
 
-void Form5::SetScaleFactors() {
-    view.PixPerRA = static_cast<double>(Pic1->Surface().ScaleWidth()) / view.ViewRASpan;
-    view.PixPerDec = static_cast<double>(Pic1->Surface().ScaleHeight()) / view.ViewDecSpan;
-}
+double Form5::Pix2RA(double x) const { return RAAt(view, x); }
 
-double Form5::Pix2RA(double x) const {
-    double ra = view.ViewRALeft + x / view.PixPerRA;
-    if (ra > 360.0) ra -= 360.0;
-    if (ra < 0.0) ra += 360.0;
-    return ra;
-}
-
-double Form5::Pix2Dec(double y) const { return view.ViewDecTop - y / view.PixPerDec; }
+double Form5::Pix2Dec(double y) const { return DecAt(view, y); }
 
 void Form5::LoadBackgroundFile() {
     const QString folder = st_.programDir + "Background";
@@ -101,26 +89,19 @@ void Form5::LoadBackgroundFile() {
     Pic2.SetScale(0, 0, kUnits, kUnits);
     Pic2.StretchPicture(source_, 0, 0, kUnits, kUnits);
     view = SkyImageView{};
-    SetScaleFactors();
+    SetScaleFactors(view, Pic1->Surface().ScaleWidth(), Pic1->Surface().ScaleHeight());
     st_.settings.save("Settings", "BackgroundFile", path);
     DrawStuff();
 }
 
 void Form5::ZoomTo(double ra1, double ra2, double dec1, double dec2) {
-    if (ra1 == ra2 || dec1 == dec2 || SpanOf(ra1, ra2) < 1.0 || std::fabs(dec1 - dec2) < 1.0) {
+    if (ra1 == ra2 || dec1 == dec2 || RASpan(ra1, ra2) < 1.0 || std::fabs(dec1 - dec2) < 1.0) {
         st_.dialogs.Message("Region to small.");
         return;
     }
     Pic2.Clear();
     Pic2.SetFrame(Pic1->Surface().Frame());
-    view.ViewRALeft = ra1;
-    view.ViewRARight = ra2;
-    view.crosses = ra1 > ra2;
-    view.ViewRASpan = SpanOf(ra1, ra2);
-    view.ViewDecSpan = std::fabs(dec1 - dec2);
-    SetScaleFactors();
-    view.ViewDecTop = std::max(dec1, dec2);
-    view.ViewDecBottom = std::min(dec1, dec2);
+    view = ZoomedView(ra1, ra2, dec1, dec2, Pic1->Surface().ScaleWidth(), Pic1->Surface().ScaleHeight());
 
     // The source rectangle in the picture's own pixels; rows run down from the top value 360.
     const double w = source_.width(), h = source_.height();
@@ -157,7 +138,7 @@ void Form5::Pic1MouseUp(int button, float x, float y) {
     if (x2 < x1) std::swap(x1, x2);
     const double ra1 = Pix2RA(x1), ra2 = Pix2RA(x2);
     const double dec1 = Pix2Dec(y1), dec2 = Pix2Dec(y);
-    const double decSpan = std::fabs(dec1 - dec2), raSpan = SpanOf(ra1, ra2);
+    const double decSpan = std::fabs(dec1 - dec2), raSpan = RASpan(ra1, ra2);
     if (raSpan < 1.0 || decSpan < 1.0 || raSpan > 10.0 * decSpan || decSpan > 10.0 * raSpan) {
         st_.dialogs.Message("Select larger region");
     } else {

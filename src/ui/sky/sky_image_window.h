@@ -5,6 +5,7 @@
 #pragma once
 
 #include "render/plot_surface.h"
+#include "sky/sky_image_view.h"
 #include "station/station.h"
 #include "ui/common/plot_widget.h"
 
@@ -16,15 +17,6 @@ class QAction;
 namespace tarvelle {
 
 class Form8;
-
-// The part of the frame on show. Right ascensions in degrees, 0 to 360; a view whose left edge
-// is east of its right edge crosses 360.
-struct SkyImageView {
-    double ViewRALeft = 0, ViewRARight = 360, ViewDecTop = 360, ViewDecBottom = 0;
-    double ViewRASpan = 360, ViewDecSpan = 360;
-    double PixPerRA = 1, PixPerDec = 1;
-    bool crosses = false;
-};
 
 class Form5 : public QWidget {
     Q_OBJECT
@@ -49,9 +41,6 @@ public:
     QAction *mnuLoadBackground = nullptr, *mnuResetView = nullptr;
 
 private:
-    // PixPerRA and PixPerDec for the view's spans.
-    void SetScaleFactors();
-
     Station& st_;
     const Form8& pictures_;
     QImage source_; // the picture zoomed into: Pic408, or the background file loaded

@@ -1,21 +1,12 @@
-// Controls of the tables' windows, each named as its objectName so that tests find it.
+// Controls of the tables' windows: the named controls every window makes, and the pause of
+// the main window's clock.
 #pragma once
 
-#include <QString>
+#include "ui/common/named_controls.h"
 
-class QCheckBox;
-class QLabel;
-class QLineEdit;
-class QPushButton;
 class QTimer;
-class QWidget;
 
 namespace tarvelle {
-
-QLabel* NamedLabel(QWidget* parent, const char* name, const QString& text);
-QLineEdit* NamedField(QWidget* parent, const char* name, int width, const QString& tip = {});
-QPushButton* NamedButton(QWidget* parent, const char* name, const QString& caption, const QString& tip = {});
-QCheckBox* NamedCheck(QWidget* parent, const char* name, const QString& caption, const QString& tip = {});
 
 // Stops the main window's Timer1 for work that moves the core's clock, and puts it back.
 class MainTimerPause {
