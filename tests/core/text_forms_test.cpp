@@ -74,10 +74,8 @@ TEST(DateValue, FieldsRoundToTheSecondWithCarry) {
 }
 
 TEST(DateValue, KnownEpochsAndCarryingArithmetic) {
+    // Day numbers and Julian dates are compared value by value by tests/reference/compare_cli.py.
     EXPECT_EQ(DateSerial(1899, 12, 30), 0.0);
-    EXPECT_EQ(DateSerial(1900, 1, 1), 2.0);
-    EXPECT_EQ(DateSerial(2000, 1, 1), 36526.0); // JD 2451544.5 less 2415018.5
-    EXPECT_EQ(JulianDate(DateSerial(2000, 1, 1) + 0.5), 2451545.0);
     EXPECT_EQ(DateSerial(2025, 13, 1), DateSerial(2026, 1, 1));
     EXPECT_EQ(DateSerial(2026, 4, 31), DateSerial(2026, 5, 1));
     EXPECT_EQ(DateSerial(2026, 3, 0), DateSerial(2026, 2, 28));

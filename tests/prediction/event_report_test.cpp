@@ -131,7 +131,6 @@ TEST(ReportHeader, TypedTextsAreCleanedOrRefusedAndEastIsNamed) {
 
 TEST(ReportRows, CellsOfTenAndNoneEndsTheLine) {
     const PredictionGrid g = ThreeModeGrid();
-    EXPECT_EQ(ReportRowText(g, 3), kRowC);
     PredictionGrid longName = g;
     longName.Cells[1][0] = "non-Io-A-long"; // not cut
     EXPECT_EQ(ReportRowText(longName, 1).substr(0, 24), "non-Io-A-long 01:00     ");

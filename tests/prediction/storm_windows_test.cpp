@@ -74,7 +74,8 @@ struct DayPrediction {
 };
 
 // Every physical line at most 75 octets, CR LF after each, a blank opening each continuation,
-// no character cut, and the unfolded line the original.
+// no character cut, and the unfolded line the original. check_storm_windows.py folds a name with
+// a character at the fold; the octet counts at the edges are checked here.
 TEST(CalendarLines, FoldAt75OctetsWithoutCuttingACharacter) {
     const std::string e = "\xc3\xa9"; // one two-octet character
     const struct {
@@ -84,8 +85,7 @@ TEST(CalendarLines, FoldAt75OctetsWithoutCuttingACharacter) {
         {std::string(75, 'a'), 1},
         {std::string(76, 'a'), 2},
         {std::string(150, 'a'), 3},
-        {std::string(74, 'a') + e, 2},        // the character would end at octet 76
-        {std::string(73, 'a') + e + "b", 2},  // it ends at octet 75
+        {std::string(73, 'a') + e + "b", 2}, // the character ends at octet 75
     };
     for (const auto& c : cases) {
         const std::string folded = FoldContentLine(c.line);
@@ -117,19 +117,15 @@ std::vector<std::string> Uids(const std::string& calendar) {
     return uids;
 }
 
-TEST(CalendarLines, UidsAreStableAcrossRunsAndApartForEachEventAndPlace) {
-    const std::vector<CalendarEvent> events = {
-        {{1, "Io-A", DateSerial(2026, 11, 3), 60, 90}}, {{2, "Io-B", DateSerial(2026, 11, 3), 60, 90}},
-        {{1, "Io-A", DateSerial(2026, 11, 4), 60, 90}}, {{1, "Io-A", DateSerial(2026, 11, 3), 61, 90}}};
-    const auto first = Uids(CalendarText(events, "1.0", DateSerial(2026, 1, 1), "39:15 76:30"));
-    const auto later = Uids(CalendarText(events, "1.0", DateSerial(2026, 2, 1) + 0.3, "39:15 76:30"));
+// check_storm_windows.py finds the UIDs unique at each place and the same on a second run; they
+// must also differ from place to place, and for events apart by one minute only.
+TEST(CalendarLines, UidsAreApartForEachPlaceAndMinute) {
+    const std::vector<CalendarEvent> events = {{{1, "Io-A", DateSerial(2026, 11, 3), 60, 90}},
+                                               {{1, "Io-A", DateSerial(2026, 11, 3), 61, 90}}};
+    const auto here = Uids(CalendarText(events, "1.0", DateSerial(2026, 1, 1), "39:15 76:30"));
     const auto elsewhere = Uids(CalendarText(events, "1.0", DateSerial(2026, 1, 1), "-33:52 208:47"));
-    ASSERT_EQ(first.size(), events.size());
-    EXPECT_EQ(first, later);
-    for (size_t i = 0; i < first.size(); ++i) {
-        EXPECT_NE(first[i], elsewhere[i]);
-        for (size_t j = 0; j < i; ++j) EXPECT_NE(first[i], first[j]);
-    }
+    ASSERT_EQ(here.size(), 2u);
+    EXPECT_TRUE(here[0] != here[1] && here[0] != elsewhere[0] && here[1] != elsewhere[1]);
 }
 
 // The next window on the station's own clock, set by hand (five hours west of Greenwich).
