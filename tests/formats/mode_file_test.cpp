@@ -68,12 +68,8 @@ TEST_F(ModeFileTest, FourRecordsLoadAsFourClearTheRestAndSaveAsSix) {
     const std::string four = Record("Io-A", 200, 270, 195, 265) + Record("Io-B", 105, 185, 75, 105) +
                              Record("Io-C", 280, 360, 225, 250) + Record("Io-D", 0, 200, 95, 130);
     EXPECT_EQ(Load(four), -1);
-    EXPECT_TRUE(dialogs.messages.empty());
-    EXPECT_TRUE(modes.ModesLoaded);
-    EXPECT_EQ(modes.NumModes, 4);
-    EXPECT_EQ(modes.ModeName[2], "Io-B");
-    EXPECT_EQ(modes.ModeTable[2][IoP1], 75);
-    EXPECT_EQ(modes.ModeName[6], "");
+    EXPECT_TRUE(dialogs.messages.empty() && modes.ModesLoaded && modes.NumModes == 4);
+    EXPECT_TRUE(modes.ModeName[2] == "Io-B" && modes.ModeTable[2][IoP1] == 75 && modes.ModeName[6].empty());
 
     int status = 0;
     const std::string saved = PathOf("saved.jmf");
@@ -84,17 +80,14 @@ TEST_F(ModeFileTest, FourRecordsLoadAsFourClearTheRestAndSaveAsSix) {
     // Empty names still count: only the end of the file ends the count.
     modes.ModeFileName = saved;
     LoadModeFile(modes, status, dialogs);
-    EXPECT_EQ(status, 0);
-    EXPECT_EQ(modes.NumModes, 6);
-    EXPECT_EQ(modes.ModeName[5], "");
+    EXPECT_TRUE(status == 0 && modes.NumModes == 6 && modes.ModeName[5].empty());
 
     // More than six modes are all read and written, up to ten; records past the tenth are
     // dropped without a message.
     std::string ten;
     for (int i = 1; i <= 10; ++i) ten += Record("M" + std::to_string(i), i, i + 1, i + 2, i + 3);
     ASSERT_EQ(Load(ten + Record("M11", 1, 2, 3, 4)), -1);
-    EXPECT_TRUE(dialogs.messages.empty());
-    EXPECT_EQ(modes.NumModes, 10);
+    EXPECT_TRUE(dialogs.messages.empty() && modes.NumModes == 10);
     SaveModeFile(modes, saved, status, dialogs);
     EXPECT_EQ(Read(saved), ten);
 }
@@ -102,8 +95,7 @@ TEST_F(ModeFileTest, FourRecordsLoadAsFourClearTheRestAndSaveAsSix) {
 TEST_F(ModeFileTest, FieldsEndAtCommasAndLineEndsWithBlanksIgnored) {
     // LF-only and lone-CR lines, commas, tabs, a fraction, and no line end at the very end.
     EXPECT_EQ(Load("Io A, 200 ,\t270\n195\r265\r\nnon-Io,-5,5,0,360"), -1);
-    EXPECT_EQ(modes.NumModes, 2);
-    EXPECT_EQ(modes.ModeName[1], "Io A");
+    EXPECT_TRUE(modes.NumModes == 2 && modes.ModeName[1] == "Io A");
     EXPECT_EQ(modes.ModeTable[1], (Row{0, 200, 270, 195, 265}));
     EXPECT_EQ(modes.ModeTable[2], (Row{0, -5, 5, 0, 360}));
 
@@ -206,9 +198,7 @@ TEST_F(ModeFileTest, ABlankNameEndsTheListAndRowsBelowItAreNotTaken) {
                                   {"five", {"50", "51", "52", "53"}}}));
     EXPECT_EQ(modes.NumModes, 2);
     EXPECT_EQ(modes.ModeName[1] + "|" + modes.ModeName[3] + "|" + modes.ModeName[4], "one||old four");
-    EXPECT_EQ(modes.ModeTable[2][IoP2], 8);
-    EXPECT_EQ(modes.ModeTable[3][CML1], 0);
-    EXPECT_EQ(modes.ModeTable[4][CML1], 1);
+    EXPECT_TRUE(modes.ModeTable[2][IoP2] == 8 && modes.ModeTable[3][CML1] == 0 && modes.ModeTable[4][CML1] == 1);
 }
 
 TEST_F(ModeFileTest, TheTenthNameIsNeverReadBack) {
@@ -219,8 +209,7 @@ TEST_F(ModeFileTest, TheTenthNameIsNeverReadBack) {
     rows[9].name = "";
     ApplyModeEdits(modes, rows);
     EXPECT_EQ(modes.NumModes, 10); // no empty name among the nine
-    EXPECT_EQ(modes.ModeName[9], "row8");
-    EXPECT_EQ(modes.ModeName[10], "ten");
+    EXPECT_TRUE(modes.ModeName[9] == "row8" && modes.ModeName[10] == "ten");
 
     modes.NumModes = 4; // nine names and no blank: the count stays, whatever the rows hold
     ApplyModeEdits(modes, rows);

@@ -64,23 +64,11 @@ std::string Block(ReportOptions o) {
 
 ModeTableState AllDayAndNever() {
     ModeTableState modes;
-    modes.ModeName[1] = "Io-all";
+    modes.ModeName = {"", "Io-all", "Io-never"};
     modes.ModeTable[1] = {0, 0, 360, 0, 360};
-    modes.ModeName[2] = "Io-never";
-    modes.ModeTable[2] = {0, 0, 360, 20, 10};
+    modes.ModeTable[2] = {0, 0, 360, 20, 10}; // an Io range backwards never matches
     modes.NumModes = 2;
-    modes.ModesLoaded = true;
     return modes;
-}
-
-// Limits that take nothing out.
-ReportExclusions Open() {
-    ReportExclusions ex;
-    ex.ReportJupAltMin = -90.0f;
-    ex.ReportSunAltMax = 90.0f;
-    ex.MinHA = -48.0;
-    ex.MaxHA = 48.0;
-    return ex;
 }
 
 // A day's block of the two modes; without the none row when NONE rows are left out.
@@ -104,7 +92,8 @@ ReportOptions Span(double start, double end) {
 std::string ReportOf(Core& c, const ReportOptions& o, ReportOutcome expected = ReportOutcome::Completed,
                      const std::function<bool(double)>& onDay = {}) {
     std::ostringstream out;
-    EXPECT_EQ(WriteEventReport(c, AllDayAndNever(), o, Open(), out, {onDay, {}, {}}), expected);
+    const ReportExclusions open = ExclusionsFromTexts("-90", "90", "-48", "48"); // nothing taken out
+    EXPECT_EQ(WriteEventReport(c, AllDayAndNever(), o, open, out, {onDay, {}, {}}), expected);
     return out.str();
 }
 
