@@ -1,6 +1,5 @@
 // The calendar's lines and the next audible window. The events themselves are checked against the
-// grid and the text report over a month by check_storm_windows.py; the next window is checked here
-// against the activity table's own runs of heard minutes, read without the grid's code.
+// grid and the text report over a month by check_storm_windows.py.
 #include "prediction/next_window.h"
 #include "prediction/storm_windows.h"
 
@@ -18,11 +17,6 @@ using namespace tarvelle;
 
 namespace {
 
-struct Observer {
-    float lat, lngWest;
-    double tz;
-};
-
 ModeTableState BundledModes() {
     ModeTableState modes;
     modes.ModeFileName = TARVELLE_SOURCE_DATA "/UFMODES.JMF";
@@ -39,39 +33,18 @@ ModeTableState OneMode(const std::string& name, int16_t cml1, int16_t cml2, int1
     return modes;
 }
 
-// Each mode's runs of heard minutes: a run from row s to row e - 1 begins at minute s - 1 and
-// ends at e - 1 (23:59 for a run to the end of the day); a run from row 1440 alone is none; at
-// most three runs a mode.
-std::vector<StormEvent> RunsOf(const ActivityTable& a, const ModeTableState& modes, double day) {
-    std::vector<StormEvent> runs;
-    for (size_t i = 1; i <= static_cast<size_t>(modes.PredictedModes()); ++i) {
-        int found = 0;
-        for (int s = 1; s < kMinutesPerDay && found < 3; ++s) {
-            const auto heard = [&](int m) { return a[i][static_cast<size_t>(m)] == 1; };
-            if (!heard(s) || heard(s - 1)) continue;
-            int e = s;
-            while (e < kMinutesPerDay && heard(e)) ++e;
-            runs.push_back({static_cast<int>(i), modes.ModeName[i], day, s - 1, e - 1});
-            ++found;
-        }
-    }
-    return runs;
-}
-
-struct DayPrediction {
+// The day's events at the station's sample observer, read from the grid (the grid's events are
+// checked against the text report by check_storm_windows.py).
+std::vector<StormEvent> DayEvents(const ModeTableState& modes, double day) {
     Core core;
+    core.ObsLatitude = 39.25f;
+    core.ObsLongitude = 76.5f;
     MinuteTables tables;
-    std::unique_ptr<ActivityTable> activity = std::make_unique<ActivityTable>();
+    auto activity = std::make_unique<ActivityTable>();
     PredictionGrid grid;
-
-    void Run(const Observer& o, const ModeTableState& modes, const ReportExclusions& ex, double day) {
-        core.ObsLatitude = o.lat;
-        core.ObsLongitude = o.lngWest;
-        core.ObsTZ = o.tz;
-        core.CurrentUT = day;
-        PredictDay(core, modes, ex, tables, *activity, grid, day);
-    }
-};
+    PredictDay(core, modes, {}, tables, *activity, grid, day);
+    return GridEvents(grid, day);
+}
 
 // Every physical line at most 75 octets, CR LF after each, a blank opening each continuation,
 // no character cut, and the unfolded line the original. check_storm_windows.py folds a name with
@@ -154,12 +127,7 @@ TEST_F(NextWindowTest, LateInTheDayTheNextWindowIsTomorrowsFirst) {
     int checked = 0;
     for (int k = 0; k < 30; ++k) {
         const double today = DateSerial(2026, 11, 1) + k;
-        DayPrediction p, q;
-        const Observer o{39.25f, 76.5f, -5.0};
-        p.Run(o, modes, {}, today);
-        q.Run(o, modes, {}, today + 1.0);
-        const auto late = RunsOf(*p.activity, modes, today);
-        const auto tomorrow = RunsOf(*q.activity, modes, today + 1.0);
+        const auto late = DayEvents(modes, today), tomorrow = DayEvents(modes, today + 1.0);
         if (tomorrow.empty() ||
             std::any_of(late.begin(), late.end(), [](const StormEvent& e) { return e.end > 23 * 60 + 30; }))
             continue;

@@ -81,8 +81,7 @@ TEST_F(TempTree, ListFilesWalksBreadthFirstInNameOrder) {
                                             root + "/z/deep.ant",
                                             root + "/m/n/y.ant"};
     EXPECT_EQ(files, expected);
-    EXPECT_EQ(folders, 4); // empty, m, z, m/n
-    EXPECT_EQ(count, 5);   // counts start at 0; the list is appended to
+    EXPECT_TRUE(folders == 4 && count == 5); // empty, m, z, m/n; counts start at 0, the list is appended to
 
     // A missing folder finds nothing and sets the counts to 0.
     std::vector<std::string> none;
@@ -105,12 +104,10 @@ TEST_F(TempTree, ListFilesDoesNotLoopThroughALinkBackUp) {
 TEST_F(TempTree, MakeFolderCreatesParentsOrSaysWhy) {
     std::string error;
     EXPECT_TRUE(MakeFolder(root + "/logs/2026/nov", error));
-    EXPECT_TRUE(fs::is_directory(root + "/logs/2026/nov"));
-    EXPECT_TRUE(MakeFolder(root + "/logs", error)); // already there
+    EXPECT_TRUE(fs::is_directory(root + "/logs/2026/nov") && MakeFolder(root + "/logs", error)); // already there
 
     File("plain");
     EXPECT_FALSE(MakeFolder(root + "/plain/sub", error));
     EXPECT_NE(error.find("could not create folder " + root + "/plain/sub"), std::string::npos) << error;
-    EXPECT_FALSE(MakeFolder(root + "/plain", error)); // a file stands there
-    EXPECT_FALSE(MakeFolder("", error));
+    EXPECT_FALSE(MakeFolder(root + "/plain", error) || MakeFolder("", error)); // a file stands there
 }
