@@ -230,12 +230,11 @@ TEST_F(ModeFileTest, TheBundledModeFileHoldsTheSixSourceRegionsAsTheWriterWrites
     modes.ModeFileName = TARVELLE_SOURCE_DATA "/UFMODES.JMF";
     int status = 0;
     LoadModeFile(modes, status, dialogs);
-    ASSERT_EQ(status, 0);
-    ASSERT_EQ(modes.NumModes, 6);
+    ASSERT_TRUE(status == 0 && modes.NumModes == 6);
     for (int i = 1; i <= 6; ++i) {
-        for (int column = CML1; column <= IoP2; ++column)
-            EXPECT_TRUE(modes.ModeTable[i][column] >= 0 && modes.ModeTable[i][column] <= 360) << i;
-        EXPECT_LE(modes.ModeTable[i][IoP1], modes.ModeTable[i][IoP2]) << "an Io range never wraps";
+        const auto& r = modes.ModeTable[i];
+        EXPECT_TRUE(std::min(r[CML1], r[CML2]) >= 0 && std::max(r[CML1], r[CML2]) <= 360 && r[IoP1] >= 0 && r[IoP1] <= r[IoP2] && r[IoP2] <= 360)
+            << i << ": an Io range never wraps";
     }
     for (int i : {5, 6}) EXPECT_TRUE(modes.ModeTable[i][IoP1] == 0 && modes.ModeTable[i][IoP2] == 360) << i;
     EXPECT_EQ(Read(modes.ModeFileName), ModeFileText(modes));
