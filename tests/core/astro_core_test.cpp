@@ -77,18 +77,6 @@ TEST(Helpers, ArcSinLimitsAndArcCos) {
     EXPECT_NEAR(Mod2Pi(13.0), 13.0 - 2 * 6.28318530717958, 1e-14);
 }
 
-TEST(Helpers, DateByChoiceSetsTheHeading) {
-    Core c;
-    const double t = DateSerial(2026, 11, 5);
-    const char* dates[] = {"2026/11/05 YYYY  MM  DD", "11/05/2026 MM  DD YYYY", "05/11/2026 DD  MM  YYYY"};
-    for (int choice = 0; choice <= 2; ++choice) {
-        c.DateFormatChoice = choice;
-        EXPECT_EQ(c.FormatDateByChoice(t) + " " + c.DateHeading, dates[choice]) << choice;
-    }
-    c.DateFormatChoice = 3;
-    EXPECT_EQ(c.FormatDateByChoice(t), "");
-}
-
 TEST(FaultRule, KeepLeavesTheTargetOnAFault) {
     double d = 4.0;
     Keep(d, Div(1.0, 0.0));
@@ -184,13 +172,9 @@ TEST(DayTables, ThirtyHoursAMinuteApart) {
     c.BuildDayTables(c.CurrentUT);
     EXPECT_TRUE(yields == 1 && c.CurrentUT == before.CurrentUT && c.LST == before.LST && c.DayNumber == before.DayNumber);
 
-    const DayTables& d = c.Day;
-    EXPECT_EQ(d.DayMinuteTime[0], DateSerial(2026, 11, 22));
-    // Entry 1440 lies about 0.55 s before the next midnight.
-    EXPECT_NEAR((DateSerial(2026, 11, 23) - d.DayMinuteTime[1440]) * 86400.0, 0.553, 0.01);
-    for (size_t k = 0; k < static_cast<size_t>(kDayTableSize); ++k)
-        ASSERT_TRUE(std::fabs(d.DayJupHA[k]) <= 12.0f && std::fabs(d.DaySunHA[k]) <= 12.0f) << k;
-    // The values themselves are compared with the reference by tests/reference/compare_cli.py.
+    // The tables' values, times and hour angles are compared with the reference by
+    // tests/reference/compare_cli.py.
+    EXPECT_EQ(c.Day.DayMinuteTime[0], DateSerial(2026, 11, 22));
 
     Core down; // nothing while shutting down
     down.ShuttingDown = true;

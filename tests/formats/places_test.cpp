@@ -155,8 +155,8 @@ TEST(ShippedCityList, EveryCityIsFoundWhereItIsListed) {
             EXPECT_TRUE(names.insert(list[i]).second) << list[i] << " is listed twice";
             const auto place = FindCity(file, list[i]);
             ASSERT_TRUE(place) << list[i];
-            EXPECT_TRUE(std::fabs(place->latitude) <= 90.0) << list[i];
-            EXPECT_TRUE(place->longitudeWest >= 0.0 && place->longitudeWest < 360.0) << list[i];
+            EXPECT_TRUE(std::fabs(place->latitude) <= 90.0 && place->longitudeWest >= 0.0 && place->longitudeWest < 360.0)
+                << list[i];
             ++cities;
         }
     }

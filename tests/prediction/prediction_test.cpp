@@ -107,20 +107,6 @@ TEST(ModeMatch, InclusiveEndsCMLThroughThreeSixtyAndNoReversedIo) {
                     << cml << " " << io << " " << mode[1] << "-" << mode[2];
 }
 
-TEST(MatchModes, FillsMinutesOneToLastForTheFirstSixModesOnly) {
-    MinuteTables t = QuietTables();
-    t.MinuteCML[1] = 300;
-    t.MinuteCML[1440] = 300;
-    ModeTableState modes;
-    for (int i = 1; i <= 8; ++i) modes.ModeTable[static_cast<size_t>(i)] = M(250, 350, 0, 20);
-    modes.NumModes = 8;
-    auto a = Activity();
-    (*a)[1][0] = 7; // row 0 is not the match's
-    MatchModes(t, modes, *a);
-    for (size_t i = 1; i <= 6; ++i) EXPECT_EQ(MinutesWith(*a, i, 1), (std::vector<int>{1, 1440})) << i;
-    EXPECT_EQ((*a)[1][0], 7);
-}
-
 TEST(ComputeReportEvents, ExclusionsMarkMatchedMinutesOnlyAndTheirLimitsStay) {
     MinuteTables t = QuietTables();
     // Minute by minute: the limit itself, then just past it.

@@ -167,7 +167,7 @@ TEST_F(NextWindowTest, NoneInTheComing48Hours) {
     } cases[] = {
         {OneMode("Never", 0, 360, 200, 100), "-90", true}, // an Io range backwards never matches
         {OneMode("Always", 0, 360, 0, 360), "91", true},   // Jupiter never that high
-        {OneMode("Always", 0, 360, 0, 360), "-90", false},
+        {OneMode("Always", 0, 360, 0, 360), "-90", false}, // the limit alone made it none
     };
     SetGMT(DateSerial(2026, 11, 22) + TimeSerial(23, 59, 0));
     AllowEveryMinute();

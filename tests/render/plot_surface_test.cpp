@@ -86,14 +86,12 @@ TEST(ScaleFrameTest, ReversedAxesAndOtherModes) {
     s.SetScaleMode(ScaleMode::User); // the user scale was lost: the pixel extent takes its place
     EXPECT_TRUE(s.ScaleLeft() == 0.0f && s.ScaleWidth() == 100.0f);
     s.SetTwipsScale();
-    EXPECT_FLOAT_EQ(s.ScaleWidth(), 1500.0f);
-    EXPECT_EQ(s.Frame().PixelColumn(150.0), 10);
+    EXPECT_TRUE(s.ScaleWidth() == 1500.0f && s.Frame().PixelColumn(150.0) == 10);
 
     // A scale without extent is refused rather than dividing by zero.
     s.SetScale(0.0f, 90.0f, 360.0f, -10.0f);
     s.SetScale(5.0f, 1.0f, 5.0f, 0.0f);
-    EXPECT_FLOAT_EQ(s.ScaleWidth(), 360.0f);
-    EXPECT_EQ(s.Image(), drawn);
+    EXPECT_TRUE(s.ScaleWidth() == 360.0f && s.Image() == drawn);
 }
 
 TEST(PlotSurfaceTest, BoxesIncludeBothCornersWhateverTheirOrder) {
@@ -275,15 +273,12 @@ TEST(PictureStoreTest, SpritesShareOneDiscOf224Pixels) {
     EXPECT_EQ(disc, kSpriteDiscPixels);
 }
 
-TEST(PictureStoreTest, AllSkyPictureIsTheSameOnEveryRun) {
+// The resource is built in: a store without it would draw a stand-in.
+TEST(PictureStoreTest, AllSkyPictureIsTheOneTheGeneratorDrew) {
     Form8 a;
     // The picture built into the program is the one tools/make_sky408.py drew.
     const QImage drawn(TARVELLE_SOURCE_DATA "/pictures/sky408.bmp");
     ASSERT_FALSE(drawn.isNull());
-    EXPECT_EQ(a.Pic408.Image().convertToFormat(QImage::Format_RGB32), drawn.convertToFormat(QImage::Format_RGB32));
-    // Clear brings the picture back.
-    a.Pic408.FillBox(0.0f, 0.0f, 359.0f, 359.0f, 0);
-    a.Pic408.Clear();
     EXPECT_EQ(a.Pic408.Image().convertToFormat(QImage::Format_RGB32), drawn.convertToFormat(QImage::Format_RGB32));
 }
 
@@ -435,9 +430,9 @@ TEST(PlotWidgetTest, MouseIsReportedInTheSurfaceCoordinatesOfTheMoment) {
 TEST(ImageCameraTest, ClickCopiesTheSurfaceAndFlashesABorder) {
     PlotSurface s(12, 8);
     s.FillBox(0.0f, 0.0f, 11.0f, 7.0f, RGB(1, 2, 3));
-    EXPECT_EQ(FromQRgb(s.Shown().pixel(5, 5)), 0xFFFFFF); // drawn, not yet shown
+    const int before = FromQRgb(s.Shown().pixel(5, 5));
     s.Refresh();
-    EXPECT_EQ(FromQRgb(s.Shown().pixel(5, 5)), RGB(1, 2, 3));
+    EXPECT_TRUE(before == 0xFFFFFF && FromQRgb(s.Shown().pixel(5, 5)) == RGB(1, 2, 3)); // drawn, shown on refresh
     QGuiApplication::clipboard()->clear();
     ImageCamera camera(&s);
     bool borderDuringWait = false;
@@ -445,8 +440,7 @@ TEST(ImageCameraTest, ClickCopiesTheSurfaceAndFlashesABorder) {
     camera.Click();
     EXPECT_TRUE(borderDuringWait && !camera.HasBorder()); // the wait let the timer run
     const QImage copied = QGuiApplication::clipboard()->image();
-    ASSERT_EQ(copied.size(), QSize(12, 8));
-    EXPECT_EQ(FromQRgb(copied.pixel(6, 4)), RGB(1, 2, 3));
+    EXPECT_TRUE(copied.size() == QSize(12, 8) && FromQRgb(copied.pixel(6, 4)) == RGB(1, 2, 3));
 }
 
 class PagePrinterTest : public ::testing::Test {
@@ -464,8 +458,7 @@ int PdfPages(const QByteArray& pdf) {
 }
 
 TEST_F(PagePrinterTest, TwoPagesToPdfAndNothingWhenCancelled) {
-    EXPECT_FALSE(PagePrinter().ChoosePrinter(dialogs));
-    EXPECT_EQ(dialogs.printDialogs, 1);
+    EXPECT_TRUE(!PagePrinter().ChoosePrinter(dialogs) && dialogs.printDialogs == 1);
     dialogs.printToPdf = dir.filePath("out.pdf");
     {
         PagePrinter page;
