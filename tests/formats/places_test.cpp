@@ -97,11 +97,10 @@ TEST_F(PlacesFile, NumbersAreTheValueOfTheirText) {
 }
 
 TEST(MapLatLng, PixelsGoToPlacesAtNineSixteenthsOfADegree) {
-    struct Case {
+    const struct {
         int x, y;
         double latitude, longitudeWest;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {0, 0, 90.0, 180.0},          // top left corner: the pole, 180 degrees
         {320, 160, 0.0, 0.0},         // centre: Greenwich on the equator
         {100, 40, 67.5, 123.75},      // left of the centre: west, 0 to 180
@@ -111,12 +110,10 @@ TEST(MapLatLng, PixelsGoToPlacesAtNineSixteenthsOfADegree) {
         {640, 320, -90.0, 180.0}, // the right edge is 180 again; the south pole still counts
         {-16, -16, 99.0, 189.0},  // off the map above and to the left: no clamp
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(::testing::Message() << "x " << c.x << ", y " << c.y);
+    for (const auto& c : cases) {
         const auto place = MapLatLng(c.x, c.y);
-        ASSERT_TRUE(place);
-        EXPECT_DOUBLE_EQ(place->latitude, c.latitude);
-        EXPECT_DOUBLE_EQ(place->longitudeWest, c.longitudeWest);
+        ASSERT_TRUE(place) << c.x << "," << c.y;
+        EXPECT_TRUE(place->latitude == c.latitude && place->longitudeWest == c.longitudeWest) << c.x << "," << c.y;
     }
     EXPECT_FALSE(MapLatLng(320, 321)); // below the south pole
     EXPECT_FALSE(MapLatLng(0, 1000));

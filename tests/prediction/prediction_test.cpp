@@ -280,9 +280,7 @@ TEST(CheckForActivity, NamesTheModesActiveAtTheMinute) {
     const ModeTableState modes =
         Modes({{"Io-A", M(0, 0, 0, 0)}, {"Io-B", M(0, 0, 0, 0)}, {"Io-C", M(0, 0, 0, 0)}});
     ActivityState s;
-    s.TodayActivity[1][1] = 1;
-    s.TodayActivity[3][1] = 1;
-    s.TodayActivity[2][61] = 1;
+    s.TodayActivity[1][1] = s.TodayActivity[3][1] = s.TodayActivity[2][61] = 1;
     // 00:00 reads row 0; 00:00:59.6 rounds to 00:01:00; 01:01:30 reads row 61. Names are added on.
     const struct {
         double seconds;

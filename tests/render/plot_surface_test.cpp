@@ -497,13 +497,11 @@ TEST_F(PagePrinterTest, TabStopsCountAverageCharacterWidths) {
     const auto& out = page.Output();
     ASSERT_EQ(out.size(), 3u);
     EXPECT_NEAR(out[0].x, 9 * avg, 1e-9);
-    EXPECT_NEAR(out[1].x, 19 * avg, 1e-9);
-    EXPECT_DOUBLE_EQ(out[1].y, out[0].y);
+    EXPECT_TRUE(std::fabs(out[1].x - 19 * avg) < 1e-9 && out[1].y == out[0].y);
     // "End" reaches past column 21: the tab goes on to the next line.
     EXPECT_NEAR(out[2].x, 20 * avg, 1e-9);
     EXPECT_NEAR(out[2].y, out[0].y + page.LineHeight(), 1e-9);
-    EXPECT_DOUBLE_EQ(page.CurrentX(), 0.0);
-    EXPECT_NEAR(page.CurrentY(), out[2].y + page.LineHeight(), 1e-9);
+    EXPECT_TRUE(page.CurrentX() == 0.0 && std::fabs(page.CurrentY() - out[2].y - page.LineHeight()) < 1e-9);
 
     // Texts without a tab follow each other.
     page.PrintLine({"Ab", "cd"});

@@ -4,7 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <QTemporaryDir>
+
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -18,15 +19,6 @@ namespace {
 // A fresh folder under the system's temporary folder, removed with the test.
 class TempTree : public ::testing::Test {
 protected:
-    void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "tarvelle-paths-XXXXXX").string();
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        root = pattern;
-    }
-    void TearDown() override {
-        std::error_code ec;
-        fs::remove_all(root, ec);
-    }
     void File(const std::string& relative) {
         const fs::path p = fs::path(root) / relative;
         fs::create_directories(p.parent_path());
@@ -34,7 +26,8 @@ protected:
     }
     void Folder(const std::string& relative) { fs::create_directories(fs::path(root) / relative); }
 
-    std::string root;
+    QTemporaryDir dir;
+    std::string root = dir.path().toStdString();
 };
 
 } // namespace
