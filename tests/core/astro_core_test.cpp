@@ -58,11 +58,9 @@ TEST(Clock, MeanSiderealTimeAtGreenwich) {
 
 // Hours round their minutes without a carry into the hours; degrees truncate them.
 TEST(Helpers, FormatHoursAndDegrees) {
-    const struct {
-        double value;
-        const char *hours, *degrees;
-    } cases[] = {{-1.0, "-01:00", "-01:00"}, {5.9999, "05:60", "05:59"}, {12.5, "12:30", "12:30"},
-                 {-0.5, "-00:30", "-00:30"}, {-12.75, "-12:45", "-12:45"}};
+    const struct { double value; const char *hours, *degrees; } cases[] = {
+        {-1.0, "-01:00", "-01:00"}, {5.9999, "05:60", "05:59"}, {12.5, "12:30", "12:30"},
+        {-0.5, "-00:30", "-00:30"}, {-12.75, "-12:45", "-12:45"}};
     for (const auto& c : cases) {
         EXPECT_EQ(FormatHours(c.value), c.hours) << c.value;
         EXPECT_EQ(FormatDegrees(c.value), c.degrees) << c.value;
@@ -100,7 +98,7 @@ TEST(SunJupiter, NearTheAlmanacsSolsticeEquinoxAndOpposition) {
     const Core c = AtInstant(DateSerial(2023, 11, 3) + 0.25);
     double sep = 0.0;
     AngularSeparation(c.JupRA, c.JupDec, c.SunRA, c.SunDec, sep);
-    EXPECT_TRUE(sep > 175.0 && std::fabs(c.JupDist - 3.98) < 0.05) << sep << " " << c.JupDist;
+    EXPECT_TRUE(sep > 175.0 && std::fabs(c.JupDist - 3.98f) < 0.05f) << sep << " " << c.JupDist;
 }
 
 // System III turns once in 9h55m29.71s, so the central meridian advances about 36.26 degrees
@@ -170,7 +168,8 @@ TEST(DayTables, ThirtyHoursAMinuteApart) {
     int yields = 0;
     c.YieldToEvents = [&] { ++yields; };
     c.BuildDayTables(c.CurrentUT);
-    EXPECT_TRUE(yields == 1 && c.CurrentUT == before.CurrentUT && c.LST == before.LST && c.DayNumber == before.DayNumber);
+    EXPECT_TRUE(yields == 1 && c.CurrentUT == before.CurrentUT && c.LST == before.LST &&
+                c.DayNumber == before.DayNumber);
 
     // The tables' values, times and hour angles are compared with the reference by
     // tests/reference/compare_cli.py.
@@ -186,14 +185,11 @@ TEST(DayTables, ThirtyHoursAMinuteApart) {
 // ever (CTest's time limit turns a hang into a failure).
 TEST(Clock, ReductionsEndWhateverReachesThem) {
     const double inf = std::numeric_limits<double>::infinity();
-    const struct {
-        double ut;
-        float longitude;
-        bool finite;
-    } cases[] = {{DateSerial(2024, 3, 5), 1e12f, true},        {DateSerial(2024, 3, 5), -1e12f, true},
-                 {DateSerial(9999, 12, 31) + 0.75, 76.5f, true}, {DateSerial(100, 1, 1), 76.5f, true},
-                 {DateSerial(1900, 5, 17) + 0.3, 200.0f, true}, {DateSerial(2100, 5, 17) + 0.3, 200.0f, true},
-                 {DateSerial(2024, 3, 5), static_cast<float>(inf), false}};
+    const struct { double ut; float longitude; bool finite; } cases[] = {
+        {DateSerial(2024, 3, 5), 1e12f, true},        {DateSerial(2024, 3, 5), -1e12f, true},
+        {DateSerial(9999, 12, 31) + 0.75, 76.5f, true}, {DateSerial(100, 1, 1), 76.5f, true},
+        {DateSerial(1900, 5, 17) + 0.3, 200.0f, true}, {DateSerial(2100, 5, 17) + 0.3, 200.0f, true},
+        {DateSerial(2024, 3, 5), static_cast<float>(inf), false}};
     for (const auto& c : cases) {
         const Core core = AtInstant(c.ut, 39.25f, c.longitude);
         if (!c.finite) continue;

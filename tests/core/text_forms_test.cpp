@@ -11,10 +11,7 @@ using namespace tarvelle;
 
 // Rounding, padding, carries, signs and optional digits of number masks.
 TEST(NumberMask, RoundsPadsAndShowsSign) {
-    const struct {
-        double value;
-        const char *mask, *text;
-    } cases[] = {
+    const struct { double value; const char *mask, *text; } cases[] = {
         // Exact halves round away from zero; 0.125 is exact in binary.
         {2.5, "0", "3"}, {-2.5, "0", "-3"}, {3.5, "0", "4"}, {0.125, "0.00", "0.13"}, {59.5, "00", "60"},
         // Not a half in binary: 2.675 is 2.67499..., 0.05 is 0.0500...0277, 0.15 is 0.1499...9445,
@@ -53,10 +50,8 @@ TEST(ValueOfText, ReadsTheLeadingNumber) {
 }
 
 TEST(PlainNumber, StrictWithFallback) {
-    const struct {
-        const char* text;
-        double fallback, value;
-    } cases[] = {{"-5.5", 0, -5.5}, {" 3 ", 0, 3.0}, {"3x", -1, -1}, {"0x10", -1, -1}, {"", 7, 7}};
+    const struct { const char* text; double fallback, value; } cases[] = {
+        {"-5.5", 0, -5.5}, {" 3 ", 0, 3.0}, {"3x", -1, -1}, {"0x10", -1, -1}, {"", 7, 7}};
     for (const auto& c : cases) EXPECT_EQ(PlainNumber(c.text, c.fallback), c.value) << c.text;
     for (const char* yes : {"True", "true", " 1"}) EXPECT_TRUE(StoredBool(yes)) << yes;
     for (const char* no : {"False", "0", "maybe"}) EXPECT_FALSE(StoredBool(no)) << no;

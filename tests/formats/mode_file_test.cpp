@@ -116,11 +116,7 @@ TEST_F(ModeFileTest, AFailedLoadSaysWhereAndLeavesTheTableWhole) {
     // Each failure gives its number and says it; the table and ModesLoaded stay as the good load
     // left them. The end-of-file test comes right after the fifth field: a blank line after the
     // last record opens a record with no numbers.
-    const struct {
-        std::string content;
-        int status;
-        const char* said;
-    } failures[] = {
+    const struct { std::string content; int status; const char* said; } failures[] = {
         {Record("big", 200, 32768, 0, 0), 6, ".\r\nOverFlow"},
         {Record("small", -32769, 0, 0, 0), 6, "OverFlow"},
         {"word\r\n 200 \r\n two \r\n 0 \r\n 0 \r\n", 13, "\r\nLine 3."}, // a bad number names its own line
@@ -198,7 +194,8 @@ TEST_F(ModeFileTest, ABlankNameEndsTheListAndRowsBelowItAreNotTaken) {
                                   {"five", {"50", "51", "52", "53"}}}));
     EXPECT_EQ(modes.NumModes, 2);
     EXPECT_EQ(modes.ModeName[1] + "|" + modes.ModeName[3] + "|" + modes.ModeName[4], "one||old four");
-    EXPECT_TRUE(modes.ModeTable[2][IoP2] == 8 && modes.ModeTable[3][CML1] == 0 && modes.ModeTable[4][CML1] == 1);
+    EXPECT_TRUE(modes.ModeTable[2][IoP2] == 8 && modes.ModeTable[3][CML1] == 0 &&
+                modes.ModeTable[4][CML1] == 1);
 }
 
 TEST_F(ModeFileTest, TheTenthNameIsNeverReadBack) {
@@ -233,7 +230,8 @@ TEST_F(ModeFileTest, TheBundledModeFileHoldsTheSixSourceRegionsAsTheWriterWrites
     ASSERT_TRUE(status == 0 && modes.NumModes == 6);
     for (int i = 1; i <= 6; ++i) {
         const auto& r = modes.ModeTable[i];
-        EXPECT_TRUE(std::min(r[CML1], r[CML2]) >= 0 && std::max(r[CML1], r[CML2]) <= 360 && r[IoP1] >= 0 && r[IoP1] <= r[IoP2] && r[IoP2] <= 360)
+        EXPECT_TRUE(std::min(r[CML1], r[CML2]) >= 0 && std::max(r[CML1], r[CML2]) <= 360 && r[IoP1] >= 0 &&
+                    r[IoP1] <= r[IoP2] && r[IoP2] <= 360)
             << i << ": an Io range never wraps";
     }
     for (int i : {5, 6}) EXPECT_TRUE(modes.ModeTable[i][IoP1] == 0 && modes.ModeTable[i][IoP2] == 360) << i;

@@ -116,8 +116,8 @@ TEST(LoadObserverFile, SetsTheCoreOrSaysWhyNot) {
         dialogs.messages.clear();
         EXPECT_EQ(LoadObserverFile(loaded, dialogs), c.loads) << c.content;
         if (c.loads) {
-            EXPECT_TRUE(loaded.ObsLatitude == 39.25f && loaded.ObsLongitude == 283.5f && loaded.ObsTZ == -5.0 &&
-                        loaded.ObLatText == c.said)
+            EXPECT_TRUE(loaded.ObsLatitude == 39.25f && loaded.ObsLongitude == 283.5f &&
+                        loaded.ObsTZ == -5.0 && loaded.ObLatText == c.said)
                 << c.content;
             continue;
         }

@@ -27,10 +27,7 @@ protected:
 using Entries = std::vector<std::string>;
 
 TEST(EntriesTest, LineEndsCommasQuotesAndBlanks) {
-    const struct {
-        const char* text;
-        Entries expected;
-    } cases[] = {
+    const struct { const char* text; Entries expected; } cases[] = {
         {"a\r\nb\nc\rd", {"a", "b", "c", "d"}},
         {"a\r\n\r\nb\r\n", {"a", "", "b"}},          // an empty line is an entry, the last line end adds none
         {"  a b  , c\t", {"a b", "c\t"}},            // only spaces are dropped
@@ -78,8 +75,9 @@ TEST_F(SkyFilesTest, AntennaFilesAreReadAsTheStationReadsThem) {
         const AntennaLoad load = ReadAntennaFile(path, antenna);
         EXPECT_EQ(load.status, c.status) << c.what;
         EXPECT_EQ(load.message.rfind(c.messageStart, 0), 0u) << c.what << ": " << load.message;
-        if (c.status == AntennaStatus::NotAntenna) EXPECT_EQ(load.message, path + "\r\n\r\nNot recognized as an antenna file!");
-        if (c.status != AntennaStatus::Loaded) EXPECT_NE(load.message.find(path), std::string::npos) << c.what;
+        EXPECT_EQ(load.message == path + "\r\n\r\nNot recognized as an antenna file!",
+                  c.status == AntennaStatus::NotAntenna) << load.message;
+        EXPECT_EQ(load.message.find(path) != std::string::npos, c.status != AntennaStatus::Loaded) << c.what;
     }
     Antenna missing;
     EXPECT_EQ(ReadAntennaFile(Write("", "") + "/absent.ant", missing).status, AntennaStatus::LoadError);
@@ -101,8 +99,8 @@ TEST_F(SkyFilesTest, AntennaKeysInAnyCaseOrderAndPlace) {
     ASSERT_EQ(antenna.LobeCount(), 10);
     for (int k = 1; k <= 10; ++k) {
         const AntennaLobe& lobe = antenna.Lobes[static_cast<size_t>(k)];
-        EXPECT_TRUE(lobe.ALT == k && lobe.AZ == 10 * k && lobe.RA == 15.0 && lobe.DEC == -2.0 && lobe.Edge.empty() &&
-                    lobe.GAIN == (k == 3 ? 0.0 : 7.5))
+        EXPECT_TRUE(lobe.ALT == k && lobe.AZ == 10 * k && lobe.RA == 15.0 && lobe.DEC == -2.0 &&
+                    lobe.Edge.empty() && lobe.GAIN == (k == 3 ? 0.0 : 7.5))
             << k;
     }
 }

@@ -85,11 +85,7 @@ std::vector<int> Minutes(const std::vector<std::pair<int, int>>& spans) {
 TEST(ModeMatch, InclusiveEndsCMLThroughThreeSixtyAndNoReversedIo) {
     const Mode wrapped = M(200, 10, 100, 120), plain = M(105, 185, 55, 110), one = M(42, 42, 0, 0),
                full = M(0, 360, 0, 360);
-    const struct {
-        Mode mode;
-        int cml, io;
-        int16_t expected;
-    } cases[] = {
+    const struct { Mode mode; int cml, io; int16_t expected; } cases[] = {
         {wrapped, 199, 110, 0}, {wrapped, 200, 110, 1}, {wrapped, 360, 110, 1}, {wrapped, 0, 110, 1},
         {wrapped, 10, 110, 1},  {wrapped, 11, 110, 0},  {plain, 104, 80, 0},    {plain, 105, 80, 1},
         {plain, 185, 80, 1},    {plain, 186, 80, 0},    {plain, 150, 54, 0},    {plain, 150, 55, 1},
@@ -134,8 +130,8 @@ TEST(ComputeReportEvents, ExclusionsMarkMatchedMinutesOnlyAndTheirLimitsStay) {
 
 TEST(ComputeReportEvents, ExclusionsReadAsTheFieldsGiveThem) {
     const ReportExclusions ex = ExclusionsFromTexts(" 12.5deg", "-6", "abc", "&H4");
-    EXPECT_TRUE(ex.ReportJupAltMin == 12.5f && ex.ReportSunAltMax == -6.0f && ex.MinHA == 0.0 && ex.MaxHA == 4.0 &&
-                !ex.ReportInProgress);
+    EXPECT_TRUE(ex.ReportJupAltMin == 12.5f && ex.ReportSunAltMax == -6.0f && ex.MinHA == 0.0 &&
+                ex.MaxHA == 4.0 && !ex.ReportInProgress);
     // A number too large for a single leaves the limit at 0.
     EXPECT_EQ(ExclusionsFromTexts("1e60", "0", "0", "0").ReportJupAltMin, 0.0f);
 }
@@ -217,7 +213,8 @@ TEST(Grid, RowsFollowTheModesAndOldHeadingsStay) {
     ComputeReportEvents(QuietTables(), two, ReportExclusions{}, *a);
     FillGrid(g, two, *a);
     EXPECT_TRUE(g.Rows == 3 && g.Cells[2][1] == "NONE");
-    EXPECT_EQ(g.Cells[0], (std::array<std::string, 7>{"", "Begin", " End", "Begin", " End", "Begin", " End"}));
+    EXPECT_EQ(g.Cells[0],
+              (std::array<std::string, 7>{"", "Begin", " End", "Begin", " End", "Begin", " End"}));
 }
 
 // The tables' values, minute for minute, are compared by tests/reference/compare_predict.py, which
@@ -265,7 +262,8 @@ TEST(TodayActivity, BuildsTheGMTDayAndCopiesTheMatch) {
     MinuteTables t;
     // 23:30 on the computer's clock five hours west of Greenwich is 04:30 GMT the next day.
     UpdateTodayActivity(c, modes, t, s, DateSerial(2026, 3, 1) + 23.5 / 24.0);
-    EXPECT_TRUE(s.ActivityDayOfMonth == 2 && s.TodayActivity[1] == s.ModeActivity[1] && s.TodayActivity[3][5] == 1);
+    EXPECT_TRUE(s.ActivityDayOfMonth == 2 && s.TodayActivity[1] == s.ModeActivity[1] &&
+                s.TodayActivity[3][5] == 1);
     EXPECT_EQ(MinutesWith(s.TodayActivity, 1, 1), Minutes({{1, 1440}}));
     EXPECT_TRUE(MinutesWith(s.TodayActivity, 2, 1).empty());
     MinuteTables expected;
@@ -282,13 +280,10 @@ TEST(CheckForActivity, NamesTheModesActiveAtTheMinute) {
     ActivityState s;
     s.TodayActivity[1][1] = s.TodayActivity[3][1] = s.TodayActivity[2][61] = 1;
     // 00:00 reads row 0; 00:00:59.6 rounds to 00:01:00; 01:01:30 reads row 61. Names are added on.
-    const struct {
-        double seconds;
-        const char *before, *after;
-        bool found;
-    } cases[] = {{0.0, "Possible Activity:  ", "Possible Activity:  ", false},
-                 {59.6, "Possible Activity:  ", "Possible Activity:     Io-A   Io-C", true},
-                 {3690.0, "", "   Io-B", true}};
+    const struct { double seconds; const char *before, *after; bool found; } cases[] = {
+        {0.0, "Possible Activity:  ", "Possible Activity:  ", false},
+        {59.6, "Possible Activity:  ", "Possible Activity:     Io-A   Io-C", true},
+        {3690.0, "", "   Io-B", true}};
     for (const auto& c : cases) {
         core.CurrentUT = DateSerial(2026, 1, 1) + c.seconds / 86400.0;
         bool found = !c.found;

@@ -63,7 +63,8 @@ TEST(ProbTable, PeakPlateauRangeAndNonIoBand) {
         EXPECT_TRUE(t[io][250] >= 14.0 && t[io][250] > t[io][60]) << io;
         for (size_t c = 1; c <= 360; ++c) {
             const double v = t[io][c];
-            if (io != 12 || c != 359) ASSERT_TRUE(InPeak(io, c) ? v == 100.0 : v >= 3.0 && v < 100.0) << io << "," << c;
+            ASSERT_TRUE((io == 12 && c == 359) || (InPeak(io, c) ? v == 100.0 : v >= 3.0 && v < 100.0))
+                << io << "," << c;
         }
     }
 }
@@ -72,12 +73,9 @@ TEST(ProbTable, PeakPlateauRangeAndNonIoBand) {
 // that one); the rows are joined first, so an "X" inside a string ends a row and a row may run
 // on into the next string; rows not given stay 0.
 TEST(ProbTableExpansion, ShortRowsKeepTheirLastValueAtCml360AndRowsFollowTheX) {
-    const struct {
-        std::vector<std::string> rows;
-        std::vector<Cell> cells;
-    } cases[] = {
+    const struct { std::vector<std::string> rows; std::vector<Cell> cells; } cases[] = {
         {{"5_6_7X", "9X"}, {{1, 1, 5}, {1, 2, 6}, {1, 3, 0}, {1, 359, 0}, {1, 360, 7}, {2, 1, 0}, {2, 360, 9},
-                            {3, 360, 0}, {360, 360, 0}, {0, 0, 0}, {4, 4, 0}}},
+        {3, 360, 0}, {360, 360, 0}, {0, 0, 0}, {4, 4, 0}}},
         {{"1_2", "X3X4_", "5X"}, {{1, 1, 1}, {1, 360, 2}, {2, 360, 3}, {3, 1, 4}, {3, 360, 5}}},
         {{"1X"}, {{0, 0, 0}, {1, 1, 0}, {1, 360, 1}, {4, 4, 0}}},
     };
@@ -85,15 +83,15 @@ TEST(ProbTableExpansion, ShortRowsKeepTheirLastValueAtCml360AndRowsFollowTheX) {
         const ProbabilityTable t = Expanded(c.rows);
         for (const Cell& cell : c.cells)
             EXPECT_EQ(t[cell.io][cell.cml], cell.value) << c.rows[0] << " at " << cell.io << "," << cell.cml;
-        if (c.rows[0] == "5_6_7X")
-            for (size_t cml = 3; cml <= 359; ++cml) EXPECT_EQ(t[1][cml], 0.0) << cml;
+        for (size_t cml = 3; cml <= 359 && c.rows[0] == "5_6_7X"; ++cml) EXPECT_EQ(t[1][cml], 0.0) << cml;
     }
 }
 
 TEST(ProbTableExpansion, TokensBecomeTheirRuns) {
     const ProbabilityTable t = Expanded({"3_u_y_4_z_w_5X"});
     size_t c = 1; // runs of {count, value}: u is eight 8s, y five 12s, z four 20s, w four 11s
-    for (const auto& [count, value] : {std::pair{1, 3.0}, {8, 8.0}, {5, 12.0}, {1, 4.0}, {4, 20.0}, {4, 11.0}})
+    for (const auto& [count, value] :
+         {std::pair{1, 3.0}, {8, 8.0}, {5, 12.0}, {1, 4.0}, {4, 20.0}, {4, 11.0}})
         for (int k = 0; k < count; ++k, ++c) EXPECT_EQ(t[1][c], value) << c;
     EXPECT_TRUE(t[1][c] == 0.0 && t[1][360] == 5.0);
 }

@@ -97,7 +97,8 @@ TEST_F(TempTree, ListFilesDoesNotLoopThroughALinkBackUp) {
 TEST_F(TempTree, MakeFolderCreatesParentsOrSaysWhy) {
     std::string error;
     EXPECT_TRUE(MakeFolder(root + "/logs/2026/nov", error));
-    EXPECT_TRUE(fs::is_directory(root + "/logs/2026/nov") && MakeFolder(root + "/logs", error)); // already there
+    EXPECT_TRUE(fs::is_directory(root + "/logs/2026/nov"));
+    EXPECT_TRUE(MakeFolder(root + "/logs", error)); // already there
 
     File("plain");
     EXPECT_FALSE(MakeFolder(root + "/plain/sub", error));
