@@ -56,35 +56,11 @@ TEST(Clock, MeanSiderealTimeAtGreenwich) {
     EXPECT_NEAR(c.LST0, 6.0 + 39.0 / 60 + 52.27 / 3600, 2e-5);
 }
 
-TEST(Clock, WestLongitudeLowersSiderealTimeWithoutReductionFromAbove) {
-    Core greenwich, west;
-    greenwich.CurrentUT = west.CurrentUT = DateSerial(2026, 3, 1) + 0.1;
-    west.ObsLongitude = 359.0f;
-    greenwich.UpdateSiderealTime();
-    west.UpdateSiderealTime();
-    // 359 degrees west is one degree east: four minutes of sidereal time more, after the +24.
-    EXPECT_NEAR(std::fmod(static_cast<double>(west.LST - greenwich.LST) + 24.0, 24.0), 24.0 - 359.0 / 15.0,
-                1e-5);
-    EXPECT_GE(west.LST, 0.0f);
-    EXPECT_LT(west.LST, 24.0f);
-}
-
-TEST(Clock, SaveAndRestoreTouchOnlyTheClock) {
-    Core c = AtInstant(Noon2000());
-    const Core before = c;
-    c.SaveCurrentTime();
-    c.CurrentUT = 1000.0;
-    c.RestoreCurrentTime();
-    EXPECT_TRUE(c.CurrentUT == before.CurrentUT && c.LST == before.LST && c.DayNumber == before.DayNumber);
-}
-
 // Hours round their minutes without a carry into the hours; degrees truncate them.
 TEST(Helpers, FormatHoursAndDegrees) {
-    const struct {
-        double value;
-        const char *hours, *degrees;
-    } cases[] = {{-1.0, "-01:00", "-01:00"}, {5.9999, "05:60", "05:59"}, {12.5, "12:30", "12:30"},
-                 {-0.5, "-00:30", "-00:30"}, {-12.75, "-12:45", "-12:45"}};
+    const struct { double value; const char *hours, *degrees; } cases[] = {
+        {-1.0, "-01:00", "-01:00"}, {5.9999, "05:60", "05:59"}, {12.5, "12:30", "12:30"},
+        {-0.5, "-00:30", "-00:30"}, {-12.75, "-12:45", "-12:45"}};
     for (const auto& c : cases) {
         EXPECT_EQ(FormatHours(c.value), c.hours) << c.value;
         EXPECT_EQ(FormatDegrees(c.value), c.degrees) << c.value;
@@ -94,34 +70,18 @@ TEST(Helpers, FormatHoursAndDegrees) {
 TEST(Helpers, ArcSinLimitsAndArcCos) {
     for (const auto& [x, y] : {std::pair{1.0, 1.570796326794895}, {2.0, 1.570796326794895}, {-3.0, -1.570796326794895}})
         EXPECT_EQ(ArcSin(x), y) << x;
-    EXPECT_NEAR(ArcSin(0.5), M_PI / 6, 1e-15);
     EXPECT_NEAR(ArcCos(0.0), 1.570796327, 1e-15);
     EXPECT_NEAR(Mod2Pi(-1.0), 6.28318530717958 - 1.0, 1e-14);
     EXPECT_NEAR(Mod2Pi(13.0), 13.0 - 2 * 6.28318530717958, 1e-14);
-}
-
-TEST(Helpers, DateByChoiceSetsTheHeading) {
-    Core c;
-    const double t = DateSerial(2026, 11, 5);
-    const char* dates[] = {"2026/11/05", "11/05/2026", "05/11/2026", ""};
-    const char* headings[] = {"YYYY  MM  DD", "MM  DD YYYY", "DD  MM  YYYY"};
-    for (int choice = 0; choice <= 3; ++choice) {
-        c.DateFormatChoice = choice;
-        EXPECT_EQ(c.FormatDateByChoice(t), dates[choice]) << choice;
-        if (choice < 3) {
-            EXPECT_EQ(c.DateHeading, headings[choice]) << choice;
-        }
-    }
 }
 
 TEST(FaultRule, KeepLeavesTheTargetOnAFault) {
     double d = 4.0;
     Keep(d, Div(1.0, 0.0));
     Keep(d, std::sqrt(-1.0));
-    EXPECT_EQ(d, 4.0);
     float f = 2.0f;
     Keep(f, 1e300); // too large for a single
-    EXPECT_EQ(f, 2.0f);
+    EXPECT_TRUE(d == 4.0 && f == 2.0f);
     Keep(f, 0.5);
     EXPECT_EQ(f, 0.5f);
 }
@@ -131,17 +91,14 @@ TEST(FaultRule, KeepLeavesTheTargetOnAFault) {
 // where it was at the 2024 equinox and solstice (Astronomical Almanac).
 TEST(SunJupiter, NearTheAlmanacsSolsticeEquinoxAndOpposition) {
     const Core equinox = AtInstant(DateSerial(2024, 3, 20) + TimeSerial(3, 6, 0));
-    EXPECT_NEAR(equinox.SunDec, 0.0, 1.0);
-    EXPECT_NEAR(std::remainder(equinox.SunRA, 24.0), 0.0, 0.2);
+    EXPECT_TRUE(std::fabs(equinox.SunDec) < 1.0 && std::fabs(std::remainder(equinox.SunRA, 24.0)) < 0.2);
     const Core solstice = AtInstant(DateSerial(2024, 6, 20) + TimeSerial(20, 51, 0));
-    EXPECT_NEAR(solstice.SunDec, 23.44, 0.2);
-    EXPECT_NEAR(solstice.SunRA, 6.0, 0.2);
+    EXPECT_TRUE(std::fabs(solstice.SunDec - 23.44) < 0.2 && std::fabs(solstice.SunRA - 6.0) < 0.2);
     // Jupiter at opposition stands opposite the Sun: 2023-11-03 (Astronomical Almanac).
     const Core c = AtInstant(DateSerial(2023, 11, 3) + 0.25);
     double sep = 0.0;
     AngularSeparation(c.JupRA, c.JupDec, c.SunRA, c.SunDec, sep);
-    EXPECT_GT(sep, 175.0);
-    EXPECT_NEAR(c.JupDist, 3.98, 0.05);
+    EXPECT_TRUE(sep > 175.0 && std::fabs(c.JupDist - 3.98f) < 0.05f) << sep << " " << c.JupDist;
 }
 
 // System III turns once in 9h55m29.71s, so the central meridian advances about 36.26 degrees
@@ -151,7 +108,8 @@ TEST(Jovian, CMLAndIoAdvanceAtTheirRates) {
     Core a = AtInstant(t0), b = AtInstant(t0 + 1.0 / 24.0);
     EXPECT_NEAR(AngleDiff(b.CMLIII, a.CMLIII), 36.26, 0.05);
     EXPECT_NEAR(AngleDiff(b.IoPhase, a.IoPhase), 360.0 / 1.7699 / 24.0, 0.3);
-    // Ranges and the 0.01 rounding are compared value by value by tests/reference/compare_cli.py.
+    // Ranges, the 0.01 rounding, De and MagLat are compared value by value by
+    // tests/reference/compare_cli.py.
     // Fractions of a second play no part.
     const double t = DateSerial(2026, 1, 10) + TimeSerial(5, 0, 7);
     a.UpdateCMLIII(t);
@@ -159,24 +117,11 @@ TEST(Jovian, CMLAndIoAdvanceAtTheirRates) {
     EXPECT_EQ(a.CMLIII, b.CMLIII);
 }
 
-TEST(Jovian, DeStaysSmallAndMagLatFollowsCML) {
-    for (double t = DateSerial(2000, 1, 1); t < DateSerial(2013, 1, 1); t += 37.0) {
-        Core c = AtInstant(t);
-        c.UpdateDe();
-        EXPECT_LE(std::fabs(c.De), 3.5f) << t;
-    }
-    Core c;
-    for (const auto& [cml, magLat] : {std::pair{200.0f, 10.0f}, {20.0f, -10.0f}}) {
-        c.CMLIII = cml;
-        c.UpdateMagLat();
-        EXPECT_NEAR(c.MagLat, magLat, 1e-5f) << cml;
-    }
-}
-
 TEST(LocalSky, EquatorialHorizontalRoundTrip) {
-    for (double lat : {-60.0, -10.0, 0.0, 35.0, 71.0}) {
-        for (double ra : {0.5, 7.0, 13.2, 22.9}) {
-            for (double dec : {-40.0, -5.0, 12.0, 50.0}) {
+    // The way from the horizon back is not in tarvelle-cli's output: the Python checks miss it.
+    for (double lat : {-60.0, 0.0, 71.0}) {
+        for (double ra : {0.5, 13.2, 22.9}) {
+            for (double dec : {-40.0, 12.0}) {
                 double r = ra, d = dec, alt = 0, az = 0;
                 ConvertEquatorialHorizontal(lat, 0, 9.3, r, d, alt, az, false);
                 EXPECT_GE(az, 0.0);
@@ -208,30 +153,6 @@ TEST(LocalSky, MeridianZenithAndPole) {
     EXPECT_TRUE(std::isfinite(az));
 }
 
-TEST(LocalSky, RiseAndSet) {
-    Core c;
-    c.ObsLatitude = c.LST0 = 0.0f;
-    c.SunRA = 6.0;
-    c.JupRA = 20.0;
-    c.SunDec = c.JupDec = 0.0;
-    c.UpdateRiseSet();
-    EXPECT_NEAR(std::remainder(c.SunRise, 24.0), 0.0, 1e-6); // six hours either side of transit
-    EXPECT_NEAR(c.SunSet, 12.0, 1e-6);
-    EXPECT_NEAR(c.JupRise, 14.0, 1e-6);
-    EXPECT_NEAR(c.JupSet, 2.0, 1e-6); // wrapped past 24
-    // RA below LST0: the transit is taken a day on (RA - LST0 + 24), so the set is not negative.
-    c.LST0 = 20.0f;
-    c.SunRA = 2.0;
-    c.UpdateRiseSet();
-    EXPECT_NEAR(std::remainder(c.SunRise, 24.0), 0.0, 1e-6);
-    EXPECT_NEAR(c.SunSet, 12.0, 1e-6);
-    c.ObsLatitude = 80.0f; // polar night: the Sun never rises
-    c.SunDec = -20.0;
-    c.UpdateRiseSet();
-    EXPECT_EQ(c.SunRise, -1.0);
-    EXPECT_EQ(c.SunSet, -1.0);
-}
-
 TEST(LocalSky, AngularSeparation) {
     const std::array<double, 5> cases[] = {{0, 0, 6, 0, 90}, {3, 90, 17, 0, 90}, {1, 10, 1, -20, 30}};
     for (const auto& c : cases) {
@@ -247,16 +168,12 @@ TEST(DayTables, ThirtyHoursAMinuteApart) {
     int yields = 0;
     c.YieldToEvents = [&] { ++yields; };
     c.BuildDayTables(c.CurrentUT);
-    EXPECT_EQ(yields, 1);
-    EXPECT_TRUE(c.CurrentUT == before.CurrentUT && c.LST == before.LST && c.DayNumber == before.DayNumber);
+    EXPECT_TRUE(yields == 1 && c.CurrentUT == before.CurrentUT && c.LST == before.LST &&
+                c.DayNumber == before.DayNumber);
 
-    const DayTables& d = c.Day;
-    EXPECT_EQ(d.DayMinuteTime[0], DateSerial(2026, 11, 22));
-    // Entry 1440 lies about 0.55 s before the next midnight.
-    EXPECT_NEAR((DateSerial(2026, 11, 23) - d.DayMinuteTime[1440]) * 86400.0, 0.553, 0.01);
-    for (size_t k = 0; k < static_cast<size_t>(kDayTableSize); ++k)
-        ASSERT_TRUE(std::fabs(d.DayJupHA[k]) <= 12.0f && std::fabs(d.DaySunHA[k]) <= 12.0f) << k;
-    // The values themselves are compared with the reference by tests/reference/compare_cli.py.
+    // The tables' values, times and hour angles are compared with the reference by
+    // tests/reference/compare_cli.py.
+    EXPECT_EQ(c.Day.DayMinuteTime[0], DateSerial(2026, 11, 22));
 
     Core down; // nothing while shutting down
     down.ShuttingDown = true;
@@ -268,14 +185,11 @@ TEST(DayTables, ThirtyHoursAMinuteApart) {
 // ever (CTest's time limit turns a hang into a failure).
 TEST(Clock, ReductionsEndWhateverReachesThem) {
     const double inf = std::numeric_limits<double>::infinity();
-    const struct {
-        double ut;
-        float longitude;
-        bool finite;
-    } cases[] = {{DateSerial(2024, 3, 5), 1e12f, true},        {DateSerial(2024, 3, 5), -1e12f, true},
-                 {DateSerial(9999, 12, 31) + 0.75, 76.5f, true}, {DateSerial(100, 1, 1), 76.5f, true},
-                 {DateSerial(1900, 5, 17) + 0.3, 200.0f, true}, {DateSerial(2100, 5, 17) + 0.3, 200.0f, true},
-                 {DateSerial(2024, 3, 5), static_cast<float>(inf), false}};
+    const struct { double ut; float longitude; bool finite; } cases[] = {
+        {DateSerial(2024, 3, 5), 1e12f, true},        {DateSerial(2024, 3, 5), -1e12f, true},
+        {DateSerial(9999, 12, 31) + 0.75, 76.5f, true}, {DateSerial(100, 1, 1), 76.5f, true},
+        {DateSerial(1900, 5, 17) + 0.3, 200.0f, true}, {DateSerial(2100, 5, 17) + 0.3, 200.0f, true},
+        {DateSerial(2024, 3, 5), static_cast<float>(inf), false}};
     for (const auto& c : cases) {
         const Core core = AtInstant(c.ut, 39.25f, c.longitude);
         if (!c.finite) continue;

@@ -42,8 +42,7 @@ TEST(ProgramDirectory, FillsWhatIsMissingAndKeepsWhatTheUserChanged) {
     EXPECT_EQ(copied, QStringList({"Antennas/dipole.ant", "UFMODES.JMF"}));
     EXPECT_EQ(Read(program.filePath("viewer.obs")), "my observer");
     EXPECT_EQ(Read(program.filePath("Antennas/dipole.ant")), "bundled antenna");
-    EXPECT_FALSE(QFile::exists(program.filePath("README.md")));
-    EXPECT_FALSE(QFile::exists(program.filePath("icons/x.svg")));
+    for (const char* f : {"README.md", "icons/x.svg"}) EXPECT_FALSE(QFile::exists(program.filePath(f))) << f;
 
     // The copies can be changed by the user, and a second start leaves them so.
     Write(program.filePath("UFMODES.JMF"), "my modes");

@@ -10,7 +10,6 @@
 
 #include <QClipboard>
 #include <QFile>
-#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPdfWriter>
 #include <QTemporaryDir>
@@ -63,17 +62,13 @@ TEST(ScaleFrameTest, CentredSkyScalePutsOriginInTheMiddleWithYUp) {
     const ScaleFrame f = s.Frame();
     EXPECT_EQ((std::array{f.PixelColumn(0.0), f.PixelRow(0.0), f.PixelColumn(-1.02), f.PixelRow(1.02)}),
               (std::array{100, 100, 0, 0}));
-    EXPECT_TRUE(f.PixelRow(0.5) < 100 && f.PixelColumn(0.5) > 100); // y grows upwards
-    EXPECT_FLOAT_EQ(s.ScaleWidth(), 2.04f);
     EXPECT_FLOAT_EQ(s.ScaleHeight(), -2.04f); // the sky map's radius is the height times -0.0175
     // Pixel corners and user points map back and forth.
-    for (double x : {-1.0, -0.37, 0.0, 0.25, 0.99}) EXPECT_NEAR(f.FromPixelX(f.ToPixelX(x)), x, 1e-9);
-    EXPECT_NEAR(f.FromPixelY(100.0), 0.0, 1e-7);
+    EXPECT_NEAR(f.FromPixelX(f.ToPixelX(-0.37)), -0.37, 1e-9);
 
     s.Clear();
     s.DrawPoint(0.0f, 0.0f, QBColor(12));
-    EXPECT_EQ(s.Pixel(100, 100), QBColor(12));
-    EXPECT_EQ(CountNot(s, 0xFFFFFF), 1);
+    EXPECT_TRUE(s.Pixel(100, 100) == QBColor(12) && CountNot(s, 0xFFFFFF) == 1);
 }
 
 TEST(ScaleFrameTest, ReversedAxesAndOtherModes) {
@@ -87,28 +82,22 @@ TEST(ScaleFrameTest, ReversedAxesAndOtherModes) {
     const QImage drawn = s.Image().copy();
 
     s.SetPixelScale();
-    EXPECT_FLOAT_EQ(s.ScaleWidth(), 100.0f);
-    EXPECT_FLOAT_EQ(s.ScaleHeight(), 50.0f);
     s.SetScaleMode(ScaleMode::User); // the user scale was lost: the pixel extent takes its place
-    EXPECT_FLOAT_EQ(s.ScaleLeft(), 0.0f);
-    EXPECT_FLOAT_EQ(s.ScaleWidth(), 100.0f);
+    EXPECT_TRUE(s.ScaleLeft() == 0.0f && s.ScaleWidth() == 100.0f);
     s.SetTwipsScale();
-    EXPECT_FLOAT_EQ(s.ScaleWidth(), 1500.0f);
-    EXPECT_EQ(s.Frame().PixelColumn(150.0), 10);
+    EXPECT_TRUE(s.ScaleWidth() == 1500.0f && s.Frame().PixelColumn(150.0) == 10);
 
     // A scale without extent is refused rather than dividing by zero.
     s.SetScale(0.0f, 90.0f, 360.0f, -10.0f);
     s.SetScale(5.0f, 1.0f, 5.0f, 0.0f);
-    EXPECT_FLOAT_EQ(s.ScaleWidth(), 360.0f);
-    EXPECT_EQ(s.Image(), drawn);
+    EXPECT_TRUE(s.ScaleWidth() == 360.0f && s.Image() == drawn);
 }
 
 TEST(PlotSurfaceTest, BoxesIncludeBothCornersWhateverTheirOrder) {
     PlotSurface s(20, 20, QBColor(15));
     s.FillBox(5.0f, 7.0f, 2.0f, 3.0f, QBColor(9));
     ExpectImage(s, [](int x, int y) { return x >= 2 && x <= 5 && y >= 3 && y <= 7 ? QBColor(9) : QBColor(15); });
-    EXPECT_FLOAT_EQ(s.CurrentX(), 2.0f);
-    EXPECT_FLOAT_EQ(s.CurrentY(), 3.0f);
+    EXPECT_TRUE(s.CurrentX() == 2.0f && s.CurrentY() == 3.0f);
 
     s.Clear();
     s.SetPenColour(QBColor(4));
@@ -127,12 +116,13 @@ TEST(PlotSurfaceTest, BoxesIncludeBothCornersWhateverTheirOrder) {
 TEST(PlotSurfaceTest, LinesAreSolidOrDottedAndWide) {
     PlotSurface s(40, 10, 0);
     s.DrawLine(0.0f, 2.0f, 39.0f, 2.0f, 0xFFFFFF);
-    for (int x = 0; x < 40; ++x) ASSERT_EQ(s.Pixel(x, 2), 0xFFFFFF);
+    EXPECT_EQ(CountNot(s, 0), 40);
     EXPECT_FLOAT_EQ(s.CurrentX(), 39.0f);
 
+    s.Clear();
     s.SetLineStyle(LineStyle::Dotted);
     s.DrawLine(0.0f, 5.0f, 39.0f, 5.0f, 0xFFFFFF);
-    for (int x = 0; x < 40; ++x) EXPECT_EQ(s.Pixel(x, 5), x % 2 == 0 ? 0xFFFFFF : 0) << x;
+    ExpectImage(s, [](int x, int y) { return y == 5 && x % 2 == 0 ? 0xFFFFFF : 0; });
 
     s.Clear();
     s.SetLineStyle(LineStyle::Solid);
@@ -166,14 +156,7 @@ TEST(PlotSurfaceTest, CircleFillStylesAndAspect) {
     s.Clear();
     s.SetFillStyle(FillStyle::Transparent);
     s.DrawCircle(20.0f, 20.0f, 10.0f, kRed);
-    ExpectPixels(s, {{20, 20, kGreen}, {30, 20, kRed}});
-    // The outline is closed: each row between top and bottom meets it on both sides, and
-    // nothing lies inside.
-    for (int y = 11; y <= 29; ++y) {
-        int crossings = 0;
-        for (int x = 1; x < 41; ++x) crossings += s.Pixel(x, y) != s.Pixel(x - 1, y);
-        EXPECT_EQ(crossings, 4) << y;
-    }
+    ExpectPixels(s, {{20, 20, kGreen}, {30, 20, kRed}, {10, 20, kRed}, {20, 30, kRed}});
 
     // Fill colour inside, outline colour round it.
     s.Clear();
@@ -204,7 +187,6 @@ TEST(PlotSurfaceTest, XorDrawingTwiceRestoresTheImage) {
     s.SetScale(0.0f, 0.0f, 6.0f, 4.0f);
     s.SetDrawMode(DrawMode::Xor);
     s.DrawBox(1.0f, 1.0f, 5.0f, 3.0f, 0xFFFFFF);
-    EXPECT_NE(s.Image(), before);
     EXPECT_EQ(s.Pixel(10, 10), FromQRgb(before.pixel(10, 10)) ^ 0xFFFFFF); // a corner, inverted once
     EXPECT_EQ(s.Pixel(30, 20), FromQRgb(before.pixel(30, 20)));
     s.DrawBox(1.0f, 1.0f, 5.0f, 3.0f, 0xFFFFFF);
@@ -233,20 +215,6 @@ TEST(PlotSurfaceTest, XorDrawingTwiceRestoresTheImage) {
     EXPECT_FALSE(band.Active());
 }
 
-TEST(PlotSurfaceTest, RasterModesWorkBitByBit) {
-    PlotSurface src(2, 1), dst(2, 1);
-    src.FillBox(0.0f, 0.0f, 1.0f, 0.0f, 0x0F33C3);
-    const auto run = [&](RasterMode mode) {
-        dst.FillBox(0.0f, 0.0f, 1.0f, 0.0f, 0x3355AA);
-        dst.CopyBlock(0, 0, 1, 1, src, 0, 0, mode);
-        EXPECT_EQ(dst.Pixel(1, 0), 0x3355AA); // outside the block
-        return dst.Pixel(0, 0);
-    };
-    EXPECT_EQ(run(RasterMode::Copy), 0x0F33C3);
-    EXPECT_EQ(run(RasterMode::And), 0x0F33C3 & 0x3355AA);
-    EXPECT_EQ(run(RasterMode::Or), 0x0F33C3 | 0x3355AA);
-}
-
 TEST(PlotSurfaceTest, CopyBlockIsClippedAtEveryEdge) {
     PlotSurface src(10, 10), dst(10, 10, 0);
     PaintGradient(src);
@@ -266,10 +234,6 @@ TEST(PlotSurfaceTest, CopyBlockIsClippedAtEveryEdge) {
     EXPECT_EQ(dst.Pixel(2, 0), from(0, 8));
     EXPECT_EQ(CountNot(dst, 0), 3 * 2);
 
-    dst.Clear();
-    dst.CopyBlock(20, 20, 5, 5, src, 0, 0, RasterMode::Copy);
-    dst.CopyBlock(0, 0, 0, 5, src, 0, 0, RasterMode::Copy);
-    EXPECT_EQ(CountNot(dst, 0), 0);
 
     // Within one image the block is read before it is written.
     src.CopyBlock(1, 0, 9, 10, src, 0, 0, RasterMode::Copy);
@@ -296,63 +260,42 @@ TEST(PlotSurfaceTest, ExtremeCoordinatesAreClippedNotWalked) {
 
 TEST(PictureStoreTest, SpritesShareOneDiscOf224Pixels) {
     Form8 store;
-    int disc = 0, minX = 99, maxX = -1, minY = 99, maxY = -1;
+    int disc = 0;
     for (int y = 0; y < kSpriteSize; ++y)
         for (int x = 0; x < kSpriteSize; ++x) {
             const bool in = SpriteDiscContains(x, y);
-            if (in) {
-                ++disc;
-                minX = std::min(minX, x), maxX = std::max(maxX, x);
-                minY = std::min(minY, y), maxY = std::max(maxY, y);
-            }
+            disc += in;
             ASSERT_EQ(store.PicMask.Pixel(x, y), in ? 0 : 0xFFFFFF) << x << "," << y;
             ASSERT_EQ(store.PicSun.Pixel(x, y), in ? RGB(255, 255, 0) : 0) << x << "," << y;
             ASSERT_EQ(store.PicJup.Pixel(x, y) != 0, in) << x << "," << y;
         }
     EXPECT_EQ(disc, kSpriteDiscPixels);
-    EXPECT_EQ(kSpriteSize * kSpriteSize - disc, 137);
-    // The disc spans columns 1 to 17 and rows 1 to 16.
-    EXPECT_EQ((std::array{minX, maxX, minY, maxY}), (std::array{1, 17, 1, 16}));
 }
 
-TEST(PictureStoreTest, AllSkyPictureIsTheSameOnEveryRun) {
-    Form8 a, b;
-    EXPECT_EQ(a.Pic408.Image(), b.Pic408.Image());
+// The resource is built in: a store without it would draw a stand-in.
+TEST(PictureStoreTest, AllSkyPictureIsTheOneTheGeneratorDrew) {
+    Form8 a;
     // The picture built into the program is the one tools/make_sky408.py drew.
     const QImage drawn(TARVELLE_SOURCE_DATA "/pictures/sky408.bmp");
     ASSERT_FALSE(drawn.isNull());
     EXPECT_EQ(a.Pic408.Image().convertToFormat(QImage::Format_RGB32), drawn.convertToFormat(QImage::Format_RGB32));
-    // Clear brings the picture back.
-    a.Pic408.FillBox(0.0f, 0.0f, 359.0f, 359.0f, 0);
-    a.Pic408.Clear();
-    EXPECT_EQ(a.Pic408.Image(), b.Pic408.Image());
 }
 
+// On a background whose pixels all differ: the mask's And and the sprite's Or, bit by bit.
 TEST(SpriteTest, MaskThenSpriteKeepsTheOuterPixelsOnAnyBackground) {
     Form8 store;
     PlotSurface plot(40, 40);
-    for (int background : {0xFFFFFF, 0, QBColor(9), RGB(255, 255, 0), -2}) {
-        if (background == -2)
-            PaintGradient(plot);
-        else {
-            plot.RemoveBackgroundPicture();
-            plot.SetBackColour(background);
-        }
+    PaintGradient(plot);
+    const QImage before = plot.Image().copy();
+    for (const PlotSurface* sprite : {&store.PicSun, &store.PicJup}) {
         plot.Clear();
-        const QImage before = plot.Image().copy();
-        for (const PlotSurface* sprite : {&store.PicSun, &store.PicJup}) {
-            plot.Clear();
-            DrawSprite(plot, *sprite, store.PicMask, 11, 7);
-            int outside = 0;
-            ExpectImage(plot, [&](int x, int y) {
-                const int bx = x - 11, by = y - 7;
-                const bool inBlock = bx >= 0 && by >= 0 && bx < kSpriteSize && by < kSpriteSize;
-                if (inBlock && SpriteDiscContains(bx, by)) return sprite->Pixel(bx, by);
-                outside += inBlock;
-                return FromQRgb(before.pixel(x, y));
-            });
-            EXPECT_EQ(outside, 137);
-        }
+        DrawSprite(plot, *sprite, store.PicMask, 11, 7);
+        ExpectImage(plot, [&](int x, int y) {
+            const int bx = x - 11, by = y - 7;
+            const bool inBlock = bx >= 0 && by >= 0 && bx < kSpriteSize && by < kSpriteSize;
+            if (inBlock && SpriteDiscContains(bx, by)) return sprite->Pixel(bx, by);
+            return FromQRgb(before.pixel(x, y));
+        });
     }
 }
 
@@ -366,10 +309,9 @@ TEST(SpriteTest, MoveSpritePutsBackWhatLayUnderneath) {
     plot.SetRefreshHandler([&] { ++refreshes; });
 
     MoveSprite(plot, store.PicJup, store.PicMask, store.PicBack1, state, 5, 5);
-    EXPECT_TRUE(state.onPlot);
+    EXPECT_TRUE(state.onPlot && plot.Shown() == plot.Image());
     EXPECT_EQ(store.PicBack1.Pixel(0, 0), FromQRgb(clean.pixel(5, 5)));
     EXPECT_EQ(plot.Pixel(5 + 9, 5 + 8), store.PicJup.Pixel(9, 8));
-    EXPECT_EQ(plot.Shown(), plot.Image());
 
     // Past the bottom-right edge: the part outside is simply cut away.
     MoveSprite(plot, store.PicJup, store.PicMask, store.PicBack1, state, 50, 40);
@@ -386,10 +328,7 @@ TEST(PlotSurfaceTest, ClearBringsBackThePictureAndTheOrigin) {
     s.SetScale(-1.02f, 1.02f, 1.02f, -1.02f);
     s.DrawLine(-1.0f, -1.0f, 0.8f, 0.3f, 0xFFFFFF);
     s.Clear();
-    EXPECT_EQ(CountNot(s, QBColor(1)), 0);
-    EXPECT_FLOAT_EQ(s.CurrentX(), 0.0f);
-    EXPECT_FLOAT_EQ(s.CurrentY(), 0.0f);
-    EXPECT_EQ(s.Frame().PixelColumn(s.CurrentX()), 25); // the centre of the sky map
+    EXPECT_TRUE(CountNot(s, QBColor(1)) == 0 && s.CurrentX() == 0.0f && s.CurrentY() == 0.0f);
 
     QTemporaryDir dir;
     QImage picture(30, 20, QImage::Format_RGB32);
@@ -418,8 +357,7 @@ TEST(PlotSurfaceTest, ClearBringsBackThePictureAndTheOrigin) {
     ExpectPixels(s, {{0, 0, RGB(255, 0, 0)}, {1, 0, QBColor(1)}});
 
     QString error;
-    EXPECT_FALSE(s.LoadBackground(dir.filePath("missing.gif"), &error));
-    EXPECT_FALSE(error.isEmpty());
+    EXPECT_TRUE(!s.LoadBackground(dir.filePath("missing.gif"), &error) && !error.isEmpty());
     EXPECT_EQ(s.Pixel(0, 0), RGB(255, 0, 0)); // the old picture stays
 }
 
@@ -433,7 +371,6 @@ TEST(PlotSurfaceTest, TextIsPenColouredUnaliasedAndMovesDownOneLine) {
     EXPECT_LT(height, 0.0f); // lower on the page is lower in y here
     s.PrintText("Jupiter");
     EXPECT_FLOAT_EQ(s.CurrentY(), 8.0f + height);
-    EXPECT_FLOAT_EQ(s.CurrentX(), 5.0f);
     int inked = 0;
     for (int y = 0; y < 100; ++y)
         for (int x = 0; x < 200; ++x) {
@@ -442,16 +379,11 @@ TEST(PlotSurfaceTest, TextIsPenColouredUnaliasedAndMovesDownOneLine) {
             ++inked;
             ASSERT_EQ(p, 65535); // no blend of pen and background anywhere
             // Inside the text's box from the current point.
-            EXPECT_GE(x, 49);
-            EXPECT_LE(x, 50 + s.TextWidth("Jupiter") * 10.0f);
-            EXPECT_GE(y, 20);
-            EXPECT_LT(y, 20 - height * 10.0f);
+            EXPECT_TRUE(x >= 49 && x <= 50 + s.TextWidth("Jupiter") * 10.0f && y >= 20 &&
+                        y < 20 - height * 10.0f)
+                << x << "," << y;
         }
     EXPECT_GT(inked, 30);
-
-    const float small = s.TextWidth("Jupiter");
-    s.SetFontSize(20.0f);
-    EXPECT_GT(s.TextWidth("Jupiter"), 1.6f * small);
 }
 
 TEST(PlotSurfaceTest, StretchPictureScalesByNearestPixel) {
@@ -499,19 +431,18 @@ TEST(PlotWidgetTest, MouseIsReportedInTheSurfaceCoordinatesOfTheMoment) {
 TEST(ImageCameraTest, ClickCopiesTheSurfaceAndFlashesABorder) {
     PlotSurface s(12, 8);
     s.FillBox(0.0f, 0.0f, 11.0f, 7.0f, RGB(1, 2, 3));
-    EXPECT_EQ(FromQRgb(s.Shown().pixel(5, 5)), 0xFFFFFF); // drawn, not yet shown
+    const int before = FromQRgb(s.Shown().pixel(5, 5));
     s.Refresh();
-    EXPECT_EQ(FromQRgb(s.Shown().pixel(5, 5)), RGB(1, 2, 3));
+    // Drawn, and shown on the refresh.
+    EXPECT_TRUE(before == 0xFFFFFF && FromQRgb(s.Shown().pixel(5, 5)) == RGB(1, 2, 3));
     QGuiApplication::clipboard()->clear();
     ImageCamera camera(&s);
     bool borderDuringWait = false;
     QTimer::singleShot(30, &camera, [&] { borderDuringWait = camera.HasBorder(); });
     camera.Click();
-    EXPECT_TRUE(borderDuringWait); // the wait let the timer run
-    EXPECT_FALSE(camera.HasBorder());
+    EXPECT_TRUE(borderDuringWait && !camera.HasBorder()); // the wait let the timer run
     const QImage copied = QGuiApplication::clipboard()->image();
-    ASSERT_EQ(copied.size(), QSize(12, 8));
-    EXPECT_EQ(FromQRgb(copied.pixel(6, 4)), RGB(1, 2, 3));
+    EXPECT_TRUE(copied.size() == QSize(12, 8) && FromQRgb(copied.pixel(6, 4)) == RGB(1, 2, 3));
 }
 
 class PagePrinterTest : public ::testing::Test {
@@ -529,8 +460,7 @@ int PdfPages(const QByteArray& pdf) {
 }
 
 TEST_F(PagePrinterTest, TwoPagesToPdfAndNothingWhenCancelled) {
-    EXPECT_FALSE(PagePrinter().ChoosePrinter(dialogs));
-    EXPECT_EQ(dialogs.printDialogs, 1);
+    EXPECT_TRUE(!PagePrinter().ChoosePrinter(dialogs) && dialogs.printDialogs == 1);
     dialogs.printToPdf = dir.filePath("out.pdf");
     {
         PagePrinter page;
@@ -548,10 +478,8 @@ TEST_F(PagePrinterTest, TwoPagesToPdfAndNothingWhenCancelled) {
         page.PrintLine({PagePrinter::Tab(30), "Page ", QString::number(page.Page())});
         page.EndDocument();
         EXPECT_FALSE(page.Failed());
-        const auto& out = page.Output();
-        ASSERT_EQ(out.size(), 5u);
-        EXPECT_TRUE(out[0].page == 1 && out[0].x == 1.0 && out[0].y == 0.5);
-        EXPECT_TRUE(out[4].page == 2 && out[4].text == "2");
+        ASSERT_EQ(page.Output().size(), 5u);
+        EXPECT_TRUE(page.Output()[4].page == 2 && page.Output()[4].text == "2");
     }
     QFile file(dialogs.printToPdf);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -566,30 +494,20 @@ TEST_F(PagePrinterTest, TabStopsCountAverageCharacterWidths) {
     ASSERT_TRUE(page.ChoosePrinter(dialogs));
     page.SetFontSize(10);
     const double avg = page.AverageCharWidth();
-    // An independent measure of the same font on the same kind of device.
-    QFont font("DejaVu Sans");
-    font.setPointSizeF(10);
-    QPdfWriter probe(dir.filePath("probe.pdf"));
-    probe.setResolution(1200);
-    EXPECT_NEAR(avg, QFontMetricsF(font, &probe).averageCharWidth() / 1200.0, 1e-9);
 
     page.PrintLine({PagePrinter::Tab(10), "Begin", PagePrinter::Tab(20), "End", PagePrinter::Tab(21), "x"});
     const auto& out = page.Output();
     ASSERT_EQ(out.size(), 3u);
     EXPECT_NEAR(out[0].x, 9 * avg, 1e-9);
-    EXPECT_NEAR(out[1].x, 19 * avg, 1e-9);
-    EXPECT_DOUBLE_EQ(out[1].y, out[0].y);
+    EXPECT_TRUE(std::fabs(out[1].x - 19 * avg) < 1e-9 && out[1].y == out[0].y);
     // "End" reaches past column 21: the tab goes on to the next line.
     EXPECT_NEAR(out[2].x, 20 * avg, 1e-9);
     EXPECT_NEAR(out[2].y, out[0].y + page.LineHeight(), 1e-9);
-    EXPECT_DOUBLE_EQ(page.CurrentX(), 0.0);
-    EXPECT_NEAR(page.CurrentY(), out[2].y + page.LineHeight(), 1e-9);
+    EXPECT_TRUE(page.CurrentX() == 0.0 && std::fabs(page.CurrentY() - out[2].y - page.LineHeight()) < 1e-9);
 
-    // Texts without a tab follow each other; a larger font widens the columns.
+    // Texts without a tab follow each other.
     page.PrintLine({"Ab", "cd"});
     EXPECT_NEAR(page.Output()[4].x, page.TextWidth("Ab"), 1e-9);
-    page.SetFontSize(20);
-    EXPECT_NEAR(page.AverageCharWidth(), 2 * avg, 0.1 * avg);
     page.EndDocument();
 }
 

@@ -8,20 +8,13 @@
 
 using namespace tarvelle;
 
-TEST(SettingsStore, DefaultWhenAbsentAndReadingCreatesNothing) {
-    QTemporaryDir dir;
-    const QString ini = dir.filePath("t.ini");
-    SettingsStore store(ini);
-    EXPECT_EQ(store.get("Startup", "UseGMT", "True"), "True");
-    EXPECT_EQ(store.get("Startup", "UseGMT"), "");
-    EXPECT_FALSE(QFile::exists(ini)); // nothing written by reading
-}
-
-TEST(SettingsStore, SectionsAndKeysIgnoreCase) {
+TEST(SettingsStore, DefaultsSectionsAndKeysIgnoreCase) {
     QTemporaryDir dir;
     const QString ini = dir.filePath("t.ini");
     {
         SettingsStore store(ini);
+        EXPECT_EQ(store.get("Startup", "UseGMT", "True"), "True");
+        EXPECT_FALSE(QFile::exists(ini)); // nothing written by reading
         store.save("Settings", "DFormat", "2");
         EXPECT_EQ(store.get("settings", "dformat", "0"), "2");
         store.save("SETTINGS", "dFormat", "1"); // replaces, does not add a second entry

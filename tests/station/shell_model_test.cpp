@@ -4,7 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <QTemporaryDir>
+
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -18,15 +19,6 @@ namespace {
 // A fresh folder under the system's temporary folder, removed with the test.
 class TempTree : public ::testing::Test {
 protected:
-    void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "tarvelle-paths-XXXXXX").string();
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        root = pattern;
-    }
-    void TearDown() override {
-        std::error_code ec;
-        fs::remove_all(root, ec);
-    }
     void File(const std::string& relative) {
         const fs::path p = fs::path(root) / relative;
         fs::create_directories(p.parent_path());
@@ -34,39 +26,31 @@ protected:
     }
     void Folder(const std::string& relative) { fs::create_directories(fs::path(root) / relative); }
 
-    std::string root;
+    QTemporaryDir dir;
+    std::string root = dir.path().toStdString();
 };
 
 } // namespace
 
-// Known numbers read as their sentences; the comm port's has carriage returns alone; other
-// numbers carry the Str form, a minus taking the blank's place.
+// Known numbers read as their sentences (the first and last of the table here, not a copy of
+// it); the comm port's has carriage returns alone; other numbers carry the Str form, a minus
+// taking the blank's place.
 TEST(ErrorText, KnownNumbersReadAsTheirSentencesOthersAsNumbers) {
     const std::pair<int, const char*> cases[] = {
-        {6, "OverFlow"},           {53, "File Not Found"},
-        {57, "Device I/O Error"},  {62, "Input Past End of File"},
-        {70, "Permission Denied"}, {74, "Can't Rename with Different Drive"},
-        {76, "Path Not Found"},    {453, "Specified DLL Function Can't Be Found"},
-        {482, "Printer Error"},
+        {6, "OverFlow"}, {482, "Printer Error"}, {5, "Error # 5"}, {381, "Error # 381"}, {-3, "Error #-3"},
         {380, "If this error occurs when accessing\ra Comm Port, a bad Comm paramter\rshould be suspected."},
-        {999, "Error # 999"},      {0, "Error # 0"},
-        {5, "Error # 5"},          {381, "Error # 381"}, // between and after numbers of the table
-        {-3, "Error #-3"},
     };
     for (const auto& [n, text] : cases) EXPECT_EQ(ErrorText(n), text) << n;
 }
 
 TEST(ShellPaths, StripTrailingSlashAndLastPathPart) {
     // Every trailing slash goes, and only those at the end.
-    const std::pair<const char*, const char*> strip[] = {{"/home/obs/Antennas//", "/home/obs/Antennas"},
-                                                         {"/home/obs/Antennas/", "/home/obs/Antennas"},
-                                                         {"/home/obs/Antennas", "/home/obs/Antennas"},
-                                                         {"a//b", "a//b"}, {"//", ""}, {"", ""}};
+    const std::pair<const char*, const char*> strip[] = {
+        {"/home/obs/Antennas//", "/home/obs/Antennas"}, {"a//b", "a//b"}, {"//", ""}, {"", ""}};
     for (const auto& [path, stripped] : strip) EXPECT_EQ(StripTrailingSlash(path), stripped) << path;
     // The file name; with no separator, the text itself.
-    const std::pair<const char*, const char*> last[] = {{"/home/obs/Antennas/dipole.ant", "dipole.ant"},
-                                                        {"dipole.ant", "dipole.ant"}, {"/dipole.ant", "dipole.ant"},
-                                                        {"Antennas/", ""}, {"", ""}};
+    const std::pair<const char*, const char*> last[] = {
+        {"/home/obs/Antennas/dipole.ant", "dipole.ant"}, {"dipole.ant", "dipole.ant"}, {"Antennas/", ""}};
     for (const auto& [path, name] : last) EXPECT_EQ(LastPathPart(path), name) << path;
 }
 
@@ -90,8 +74,7 @@ TEST_F(TempTree, ListFilesWalksBreadthFirstInNameOrder) {
                                             root + "/z/deep.ant",
                                             root + "/m/n/y.ant"};
     EXPECT_EQ(files, expected);
-    EXPECT_EQ(folders, 4); // empty, m, z, m/n
-    EXPECT_EQ(count, 5);   // counts start at 0; the list is appended to
+    EXPECT_TRUE(folders == 4 && count == 5); // empty, m, z, m/n; counts start at 0, the list is appended to
 
     // A missing folder finds nothing and sets the counts to 0.
     std::vector<std::string> none;
@@ -120,6 +103,5 @@ TEST_F(TempTree, MakeFolderCreatesParentsOrSaysWhy) {
     File("plain");
     EXPECT_FALSE(MakeFolder(root + "/plain/sub", error));
     EXPECT_NE(error.find("could not create folder " + root + "/plain/sub"), std::string::npos) << error;
-    EXPECT_FALSE(MakeFolder(root + "/plain", error)); // a file stands there
-    EXPECT_FALSE(MakeFolder("", error));
+    EXPECT_FALSE(MakeFolder(root + "/plain", error) || MakeFolder("", error)); // a file stands there
 }
