@@ -40,11 +40,7 @@ void OnNextModal(std::function<void(QWidget*)> act) {
 // arithmetic does.
 TEST(TimeEntry, DatesFallBackOnTodayOrRollOver) {
     const double today = DateSerial(2026, 11, 22);
-    struct Case {
-        const char *y, *m, *d;
-        double date;
-        std::string message;
-    };
+    struct Case { const char *y, *m, *d; double date; std::string message; };
     const std::string badYear = "Invalid Year {1900-3000} - Using Todays Date Instead.";
     const Case cases[] = {
         {"2026", "0", "5", today, "Invalid Day or Month - Using Todays Date Instead."},
@@ -74,11 +70,8 @@ TEST(TimeEntry, DatesFallBackOnTodayOrRollOver) {
 // Times out of range are clamped and written back to the boxes; a blank hour reads as 0 and
 // stays blank.
 TEST(TimeEntry, TimesAreClampedInTheBoxes) {
-    const struct {
-        const char *h, *n, *s;
-        double time;
-        const char* shown;
-    } cases[] = {{"25", "70", "80", TimeSerial(23, 59, 59), "23:59:59"}, {"", "-3", "7", TimeSerial(0, 0, 7), ":00:7"}};
+    const struct { const char *h, *n, *s; double time; const char* shown; } cases[] = {
+        {"25", "70", "80", TimeSerial(23, 59, 59), "23:59:59"}, {"", "-3", "7", TimeSerial(0, 0, 7), ":00:7"}};
     for (const auto& c : cases) {
         DateTimeBoxes b{"", "", "", c.h, c.n, c.s};
         EXPECT_DOUBLE_EQ(TimeFromBoxes(b), c.time) << c.shown;
@@ -164,7 +157,6 @@ TEST_F(CommandsTest, LocalTimeEnteredLandsInGMT) {
     direct.UpdateSiderealTime();
     direct.UpdatePositions();
     EXPECT_EQ(station->fixed.FixedCML, direct.CMLIII);
-    EXPECT_EQ(station->fixed.FixedJupAlt, direct.JupAlt);
     EXPECT_TRUE(dialogs.messages.empty());
 }
 
@@ -174,8 +166,7 @@ TEST_F(CommandsTest, BadEntriesAreToldAndClamped) {
     form->cmdUpdateTime->click();
     ASSERT_EQ(dialogs.messages.size(), 1u);
     EXPECT_EQ(dialogs.messages[0].text, "Invalid Day or Month - Using Todays Date Instead.");
-    EXPECT_EQ(Boxes(), "2026-11-22 23:59:59");
-    EXPECT_EQ(Stamp(core().CurrentUT), "2026-11-22 23:59:59");
+    EXPECT_EQ(Stamp(core().CurrentUT), "2026-11-22 23:59:59"); // the boxes' rules: TimeEntry
 
     EXPECT_TRUE(form->ParseTimeText("12:5").isEmpty());
     ASSERT_EQ(dialogs.messages.size(), 2u);
@@ -232,8 +223,6 @@ TEST_F(CommandsTest, DateFormatIsSavedAndTheBoxesFollowIt) {
     form->findChild<QAction*>("mnuDateFormat")->trigger();
     EXPECT_EQ(core().DateFormatChoice, 1);
     EXPECT_EQ(settings->get("Settings", "DFormat"), "1");
-    EXPECT_LT(form->txtM->x(), form->txtD->x());
-    EXPECT_LT(form->txtD->x(), form->txtY->x());
     const auto order = InDateOrder(1, form->txtY, form->txtM, form->txtD);
     auto nextTabStop = [](QWidget* w) {
         do w = w->nextInFocusChain();

@@ -41,9 +41,6 @@ TEST_F(Form1Test, StartUpTakesTheDefaultsAndTheDetectedZone) {
     Form1& f = LoadForm();
     EXPECT_TRUE(dialogs.messages.empty());
     EXPECT_FALSE(QFile::exists(programDir + "Io-CMLProb.csv"));
-    EXPECT_EQ(settings->get("Settings", "AppPath"), programDir);
-    EXPECT_EQ(QString::fromStdString(station->modes.ModeFileName), programDir + "UFMODES.JMF");
-    EXPECT_EQ(QString::fromStdString(core().ObFileName), programDir + "viewer.obs");
     EXPECT_EQ(core().SystemClockTZ, -5.0);
     EXPECT_EQ(settings->get("Startup", "SystemClockTZ"), "2");
     EXPECT_EQ(GMT(core().CurrentUT), "2026-11-22 20:30:00");
@@ -65,7 +62,7 @@ TEST_F(Form1Test, StoredChoicesAreRead) {
     EXPECT_EQ(core().ClockOffset, -5.0 - -3.5);
     // The clock runs on -3.5 hours: 15:30 on it is 19:00 GMT.
     EXPECT_EQ(FormatDateMask(core().CurrentUT, "hh:nn"), "19:00");
-    EXPECT_EQ(Text("LBLOB"), "Lat : 39:15:00.0\nLong: 283:30:00.0 E");
+    EXPECT_EQ(core().DisplayWest, "E");
     EXPECT_EQ(core().DateFormatChoice, 2);
 }
 
@@ -78,15 +75,12 @@ TEST_F(Form1Test, MissingObserverFileIsReportedAndStartUpGoesOn) {
     EXPECT_TRUE(f.Timer1()->isActive());
 }
 
-// A tick shows the clock of that moment, in GMT or on the computer's own clock.
+// A tick shows the clock of that moment. (In local time: CommandsTest.GMTAndLocalToggle.)
 TEST_F(Form1Test, TickFillsTheBoxesInGMTOrLocal) {
     Form1& f = LoadForm();
     clock.local += 2.0 / 86400.0;
     f.Timer1Tick();
     EXPECT_EQ(form->txtY->text() + form->txtM->text() + form->txtD->text() + " " + Time(), "20261122 20:30:02");
-    core().UseGMT = false;
-    f.Timer1Tick();
-    EXPECT_EQ(Time(), "15:30:02");
 }
 
 TEST_F(Form1Test, ANewGMTDateRebuildsTheDayTablesOnce) {
@@ -125,20 +119,16 @@ TEST_F(Form1Test, TheNextWindowFollowsTheClockTheExclusionsAndTheModes) {
     f.Timer1Tick();
     const QString first = Text("LBLNext");
     ASSERT_TRUE(first.startsWith("Next: ") && first.contains(" GMT, in ")) << first.toStdString();
-    const auto waitMinutes = [](const QString& line) {
-        const QString wait = line.section(", in ", 1);
-        const int h = wait.contains(" h ") ? wait.section(" h ", 0, 0).toInt() : 0;
-        return h * 60 + wait.section(" min", 0, 0).section(' ', -1).toInt();
-    };
-    clock.local += 1.0 / 1440.0;
+    clock.local += 1.0 / 1440.0; // the wait shrinks (its texts: the storm window tests)
     f.Timer1Tick();
-    EXPECT_EQ(waitMinutes(Text("LBLNext")), waitMinutes(first) - 1);
+    const QString later = Text("LBLNext");
+    EXPECT_NE(later, first);
     settings->save("Settings", "ReportJupAltMin", "91"); // Jupiter is never that high
     station->model.ExclusionsChanged();
     EXPECT_EQ(Text("LBLNext"), "Next: none in the coming 48 h");
     settings->save("Settings", "ReportJupAltMin", "0");
     station->model.ExclusionsChanged();
-    EXPECT_EQ(waitMinutes(Text("LBLNext")), waitMinutes(first) - 1);
+    EXPECT_EQ(Text("LBLNext"), later);
     station->modes.ModesLoaded = false;
     station->model.ModesChanged();
     EXPECT_TRUE(Text("LBLNext").isEmpty());

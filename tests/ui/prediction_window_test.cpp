@@ -79,6 +79,11 @@ protected:
         });
         form->CmdReport->click();
     }
+    void TypeDate(const char* y, const char* m, const char* d) {
+        form->txtYear->setText(y);
+        form->txtMonth->setText(m);
+        form->txtDay->setText(d);
+    }
     static ReportOptions From22November(double end) {
         ReportOptions o;
         o.ReportStart = DateSerial(2026, 11, 22);
@@ -102,23 +107,20 @@ TEST_F(Form3Test, OpensOnTodayShowingTheComputedGrid) {
         for (int c = 0; c < 7; ++c) EXPECT_EQ(Cell(r, c).toStdString(), form->Grid().Text(r, c));
 }
 
-// A heard minute m's bar lies from 60 (m + 1) to 60 (m + 2) seconds, rows i + 0.5 to i + 2; at
-// i + 1.25 no other mode's bar reaches. The GMT band on top is green, the local band grey.
-// (The ground's colours are checked by ChartTest.)
-TEST_F(Form3Test, ModeBarsStandOneMinuteOnAndTheBandsFrameTheChart) {
+// The day's activity reaches the chart: a heard minute of a mode shows in its colour, at a
+// height no other mode's bar reaches. (Where bars stand and their colours: ChartTest.)
+TEST_F(Form3Test, TheActivityReachesTheChart) {
     int checked = 0;
     for (int i = 1; i <= 6; ++i) {
-        for (int m = 30; m < 1400; ++m) {
-            if (station->activity.ModeActivity[static_cast<size_t>(i)][static_cast<size_t>(m)] != 1) continue;
-            if ((m + 1) % 20 == 0 || (m + 2) % 20 == 0) continue; // the minute lines draw over
-            EXPECT_EQ(ChartPixel(m + 1.5, i + 1.25), ModeColour(i)) << "mode " << i << " minute " << m;
-            ++checked;
-            break;
-        }
+        int m = 30;
+        while (m < 1400 && (station->activity.ModeActivity[static_cast<size_t>(i)][static_cast<size_t>(m)] != 1 ||
+                            (m + 1) % 20 == 0 || (m + 2) % 20 == 0)) // the minute lines draw over
+            ++m;
+        if (m == 1400) continue;
+        EXPECT_EQ(ChartPixel(m + 1.5, i + 1.25), ModeColour(i)) << "mode " << i << " minute " << m;
+        ++checked;
     }
     EXPECT_GT(checked, 0);
-    EXPECT_EQ(ChartPixel(30.5, 0.02), QBColor(2));
-    EXPECT_EQ(ChartPixel(30.5, 9.45), QBColor(8));
 }
 
 TEST_F(Form3Test, TheCameraCopiesTheChartAndThePrintoutGoesToAPdf) {
@@ -144,9 +146,7 @@ TEST_F(Form3Test, NextPreviousTheDateChecksAndTheLimits) {
     form->CmdPredict->click();
     ASSERT_EQ(dialogs.messages.size(), 1u);
     EXPECT_EQ(dialogs.messages[0].text, "Dates Prior to 1900 are not permitted.");
-    form->txtYear->setText("2027");
-    form->txtMonth->setText("13"); // carries into the next year, and the fields show where
-    form->txtDay->setText("32");
+    TypeDate("2027", "13", "32"); // carries into the next year, and the fields show where
     form->CmdPredict->click();
     EXPECT_EQ(form->PredictDate, DateSerial(2028, 2, 1));
     EXPECT_EQ(form->txtYear->text() + form->txtMonth->text() + form->txtDay->text(), "20280201");
@@ -154,17 +154,13 @@ TEST_F(Form3Test, NextPreviousTheDateChecksAndTheLimits) {
     dialogs.messages.clear();
     form->txtYear->setText("10000");
     form->CmdPredict->click();
-    form->txtYear->setText("9999");
-    form->txtMonth->setText("12");
-    form->txtDay->setText("31");
+    TypeDate("9999", "12", "31");
     form->CmdPredict->click();
     form->CmdNextDay->click();
     ASSERT_EQ(dialogs.messages.size(), 2u);
     EXPECT_EQ(dialogs.messages[0].text, "10000 is not a valid date.");
     EXPECT_EQ(dialogs.messages[1].text, "Dates After 9999 are not permitted.");
-    form->txtYear->setText("2028");
-    form->txtMonth->setText("2");
-    form->txtDay->setText("1");
+    TypeDate("2028", "2", "1");
     // Limits are used as typed, then brought into range.
     form->txtJupAltMin->setText("-100");
     form->txtSunAltMax->setText("95");
@@ -192,8 +188,6 @@ TEST_F(Form3Test, TheMouseReadsTheMinuteUnderIt) {
 TEST_F(Form3Test, TheWindowsReportIsTheHeadlessReport) {
     const QString path = dir.filePath("20261122JP.TXT");
     RunReport(path, [](formReportOptions* options) {
-        EXPECT_EQ(options->txtSDay->text(), "22");
-        EXPECT_EQ(options->txtEDay->text(), "23");
         options->txtEMonth->setText("12");
         options->txtEDay->setText("2"); // across the end of the month
         options->chkHA->setChecked(true);
@@ -309,15 +303,6 @@ TEST_F(PredictionCommandTest, MainWindowOpensThePredictionAndShowsActivity) {
     EXPECT_TRUE(main.LBLQ->text().isEmpty());
 }
 
-TEST_F(PredictionCommandTest, AStartUpFileOfMoreThanSixModesIsToldAbout) {
-    WriteFile("UFMODES.JMF", QByteArray("mode\r\n 1 \r\n 2 \r\n 3 \r\n 4 \r\n").repeated(8));
-    Form1 main(*station);
-    main.Load();
-    EXPECT_EQ(station->modes.NumModes, 8);
-    ASSERT_EQ(dialogs.messages.size(), 1u);
-    EXPECT_EQ(dialogs.messages[0].title, "Mode File");
-}
-
 TEST_F(PredictionCommandTest, NoModeFileNoPrediction) {
     QFile::remove(programDir + "UFMODES.JMF");
     Form1 main(*station);
@@ -338,14 +323,13 @@ TEST_F(Form3Test, TheNowLineOnTodayOnlyAndTheChartGrowsWithTheWindow) {
     EXPECT_FALSE(form->NowSecond().has_value());
     form->CmdPreviousClick();
 
+    // Drawn again at a new size: the hour band reaches the right edge, the now line moved with it.
     form->show();
-    const QSize first(form->Picture1->Surface().PixelWidth(), form->Picture1->Surface().PixelHeight());
+    const int first = form->Picture1->Surface().PixelWidth();
     form->resize(form->width() + 600, form->height() + 300);
     QApplication::processEvents();
     const PlotSurface& s = form->Picture1->Surface();
-    EXPECT_GT(s.PixelWidth(), first.width() + 400);
-    EXPECT_GT(s.PixelHeight(), first.height() + 100);
-    // Drawn again at the new size: the hour band reaches the right edge, the now line moved with it.
+    EXPECT_GT(s.PixelWidth(), first + 400);
     EXPECT_EQ(s.Pixel(s.PixelWidth() - 1, 2), QBColor(2));
     EXPECT_EQ(ChartPixel(20.5 * 60, 4.0), 0xFFFFFF);
     form->close();

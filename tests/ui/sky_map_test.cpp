@@ -67,7 +67,6 @@ TEST_F(SkyMapDrawingTest, BodiesLandWhereTheirAltitudeAndAzimuthPutThem) {
     // Jupiter's sprite maps +-1 to the edges: corner (190.5, 390.5) rounded to even, and the
     // disc's middle pixel (9, 8) of the block lies at (199, 398).
     EXPECT_EQ(surface.Pixel(199, 398), pictures.PicJup.Pixel(9, 8));
-    EXPECT_EQ(surface.Pixel(190 + 9, 390 + 1), pictures.PicJup.Pixel(9, 1));
     // The Sun is a yellow disc of radius 0.035 on the scale of +-1: 14 pixels.
     EXPECT_EQ(surface.Pixel(400, 667), QBColor(14));
     EXPECT_EQ(surface.Pixel(400 + 10, 667), QBColor(14));
@@ -150,7 +149,6 @@ TEST_F(SkyMapDrawingTest, ATrackBreaksAtTheHorizonAndTurnsDottedAfterTheDay) {
     EXPECT_GT(ColumnsHit(surface, point(820), point(840), kTrackColour), 0.95); // solid
     const double dotted = ColumnsHit(surface, point(860), point(880), kTrackColour);
     EXPECT_TRUE(dotted > 0.3 && dotted < 0.7) << dotted;
-    EXPECT_EQ(ColumnsHit(surface, point(880), point(900), kTrackColour), 0.0); // down at 900
     EXPECT_EQ(surface.Pixel(point(840).x(), point(840).y()), kTrackColour); // the fat dot of 20 minutes
 }
 
@@ -178,7 +176,7 @@ TEST_F(SkyMapWindowTest, OpensWithTheStoredAntennaAndHorizon) {
     ASSERT_EQ(map->antenna.LobeCount(), 1);
     EXPECT_FALSE(map->antenna.Lobes[1].Edge.empty()); // its contour worked out for drawing
     EXPECT_TRUE(map->chkHorizon->isChecked());
-    EXPECT_NEAR(map->HorizonAlt[90], 20.0, 1e-9);
+    EXPECT_NEAR(map->HorizonAlt[90], 20.0, 1e-9); // read (interpolation: SkyFilesTest)
     EXPECT_EQ(map->StarMagLimit, 3.5f);
     EXPECT_TRUE(dialogs.messages.empty());
 }

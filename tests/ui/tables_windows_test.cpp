@@ -65,27 +65,17 @@ TEST_F(TablesWindows, EphemerisGridLabelsRefusalsAndPrintouts) {
     EXPECT_EQ(form.Grid1->item(3, 0), nullptr);
     EXPECT_EQ(form.LbLDist->text().toStdString(), r.labels.back().second);
 
-    const struct {
-        const char *year, *interval, *text;
-        MsgIcon icon;
-    } refusals[] = {{"2024", "0", "Interval must be 1 to 360 Minutes.", MsgIcon::Exclamation},
-                    {"1899", "30", "Invalid Date", MsgIcon::None}};
-    for (const auto& c : refusals) {
-        form.txtY->setText(c.year);
-        form.Text2->setText(c.interval);
-        dialogs.messages.clear();
-        form.CmdCalc->click();
-        ASSERT_EQ(dialogs.messages.size(), 1u) << c.text;
-        EXPECT_EQ(dialogs.messages[0].text, c.text);
-        EXPECT_EQ(dialogs.messages[0].icon, c.icon);
-        EXPECT_EQ(form.Grid1->rowCount(), 4) << "the last table stays";
-    }
+    // A refusal (its texts: the Ephemeris tests) reaches the user with its icon; the last table stays.
+    form.Text2->setText("0");
+    form.CmdCalc->click();
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].icon, MsgIcon::Exclamation);
+    EXPECT_EQ(form.Grid1->rowCount(), 4);
 
     // One page at 6 hours; at 5 minutes 288 rows run over several pages.
     dialogs.printToPdf = Keep("ephemeris-one-page.pdf");
     form.CmdPrint->click();
     EXPECT_EQ(PdfPages(dialogs.printToPdf), 1);
-    form.txtY->setText("2024");
     form.Text2->setText("5");
     form.CmdCalc->click();
     ASSERT_EQ(form.Grid1->rowCount(), 288);
@@ -114,18 +104,14 @@ TEST_F(TablesWindows, VisibilityChartColoursFollowTheLettersAndTheGrid) {
     const VisibilityResult r = ComputeVisibility(reference, 2024, false);
     const PlotSurface& s = form.Pic1->Surface();
     const ScaleFrame f = s.Frame();
-    int compared = 0;
+    // Cells clear of the grid lines (every 3 hours) show the computed letters' colours.
     for (int day : {0, 100, 200, 364})
-        for (int step = 1; step < 72; step += 5) {
-            if (step % 9 == 0) continue; // under a grid line
+        for (int step : {1, 11, 26, 41, 61}) {
             const double h = (step + 0.5) * ResolutionOf(false).hourStep;
-            if (std::fmod(h, 3.0) < 0.2 || std::fmod(h, 3.0) > 2.8) continue;
             EXPECT_EQ(s.Pixel(f.PixelColumn(h), f.PixelRow(day + 0.5)),
                       VisibilityColour(static_cast<Visible>(r.days[static_cast<size_t>(day)][static_cast<size_t>(step)])))
                 << day << " " << step;
-            ++compared;
         }
-    EXPECT_GT(compared, 40);
     EXPECT_EQ(s.Pixel(f.PixelColumn(12.0), f.PixelRow(180.5)), QBColor(7)) << "the noon grid line";
     form.Pic1MouseMove(6.0f, 32.0f);
     EXPECT_TRUE(form.windowTitle().endsWith("  06:00")) << form.windowTitle().toStdString();
