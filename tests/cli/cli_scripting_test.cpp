@@ -75,11 +75,8 @@ TEST_F(RunScriptDry, ErrorsAndRefusalsAsTheyArePrinted) {
         if (c.expectedTail.rfind("dde", 0) == 0) EXPECT_NE(out.find(c.expectedTail), std::string::npos) << out;
         else EXPECT_EQ(tail, c.expectedTail) << out;
     }
+    // The error log is stamped with the simulated clock (its six lines are counted in tests/scripting).
     const std::string logged = Run(With(Script("WAIT UNTIL (9:99)"), {"--dry", "--at", "2026-11-22 12:00:00"}));
-    size_t errlogLines = 0;
-    for (size_t at = logged.find("errlog: "); at != std::string::npos; at = logged.find("errlog: ", at + 1))
-        ++errlogLines;
-    EXPECT_EQ(errlogLines, 6u);
     EXPECT_NE(logged.find("errlog: 2026-11-22 12:00:00   Script Error # 13\n"), std::string::npos);
 }
 
