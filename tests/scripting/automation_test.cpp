@@ -61,25 +61,22 @@ TEST_F(Automation, ConditionsRiseWithScriptOneAndEndWithScriptTwo) {
     EXPECT_FALSE(task->ConditionsMet);
 }
 
+// Once a day (a new date, or the parameters window, clears the flag); in GMT 16:00 is 11:00
+// here, five hours west; with its script off the time passes all the same.
 TEST_F(Automation, ATimeTaskFiresOncePerDayInLocalOrGmt) {
     AutomationParameters& p = task->p;
     p.DoAtThisTime = true;
     p.TaskTime = TimeSerial(16, 0, 0);
-    p.RunScript[4] = true;
-    EXPECT_EQ(Minute(15, 59, 0), "");
-    EXPECT_EQ(Minute(16, 0, 0), "S4");
-    EXPECT_EQ(Minute(16, 1, 0), "");
-    station->automation.DoneToday = false; // a new date, or the parameters window
-    EXPECT_EQ(Minute(16, 2, 0), "S4");
-    // In GMT 16:00 is 11:00 here, five hours west.
-    p.TaskUseGMT = true;
-    station->automation.DoneToday = false;
-    EXPECT_EQ(Minute(10, 59, 0), "");
-    EXPECT_EQ(Minute(11, 0, 0), "S4");
-    // With script 4 off the time passes all the same.
-    p.RunScript[4] = false;
-    station->automation.DoneToday = false;
-    Minute(11, 1, 0);
+    const struct { bool gmt, newDay, script; int hour, minute; const char* runs; } minutes[] = {
+        {false, false, true, 15, 59, ""}, {false, false, true, 16, 0, "S4"}, {false, false, true, 16, 1, ""},
+        {false, true, true, 16, 2, "S4"}, {true, true, true, 10, 59, ""},    {true, false, true, 11, 0, "S4"},
+        {true, true, false, 11, 1, ""}};
+    for (const auto& c : minutes) {
+        p.TaskUseGMT = c.gmt;
+        p.RunScript[4] = c.script;
+        if (c.newDay) station->automation.DoneToday = false;
+        EXPECT_EQ(Minute(c.hour, c.minute, 0), c.runs) << c.hour << ":" << c.minute;
+    }
     EXPECT_TRUE(station->automation.DoneToday);
 }
 

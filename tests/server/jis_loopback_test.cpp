@@ -173,10 +173,7 @@ TEST_F(JisLoopbackTest, AbuseLeavesTheStationTickingAndAnswering) {
     // A megabyte of data holding neither letter.
     auto noisy = Connect();
     QByteArray garbage(1 << 20, '\0');
-    for (qsizetype i = 0; i < garbage.size(); ++i) {
-        char ch = static_cast<char>((i * 7919) % 251);
-        garbage[i] = (ch == 'J' || ch == 'P') ? 'x' : ch;
-    }
+    for (qsizetype i = 0; i < garbage.size(); ++i) garbage[i] = static_cast<char>(i * 7919 % 64); // below 'J' and 'P'
     noisy->write(garbage);
     EXPECT_EQ(Ask(*noisy, "J", 50).toStdString(), Expected());
 
