@@ -225,8 +225,6 @@ TEST(ScriptLineArray, SplicesAtThePositionClampedToTheArrayInAnyOrder) {
         ScriptLineArray lines({"a", "b", "c"});
         for (int p : c.positions) lines.Insert(p, src);
         EXPECT_EQ(lines.Lines(), c.result);
-        ASSERT_EQ(lines.size(), c.result.size());
-        for (size_t i = 0; i < lines.size(); ++i) EXPECT_EQ(lines[i], c.result[i]);
     }
 }
 

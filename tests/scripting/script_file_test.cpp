@@ -29,26 +29,22 @@ TEST(ScriptFile, LinesEndAtCrLfLfOrLoneCrAndALastLineWithoutEndCounts) {
     for (const auto& c : cases) EXPECT_EQ(SplitTextLines(c.text), c.lines) << c.text;
 }
 
-TEST(ScriptFile, ShortAndCommentLinesAreDroppedAndTwoEmptyEntriesFollow) {
+// Lines under three bytes and comments are dropped, two empty entries follow, and a file of more
+// than 1001 kept lines loses the surplus.
+TEST(ScriptFile, ShortAndCommentLinesAreDroppedTwoEmptyEntriesFollowAndTheSurplusIsLost) {
     QTemporaryDir dir;
-    const std::string path = Write(dir, "s.scp", "AB\r\n\\\\ note\r\nA = (1)\r\n   \r\n\\ single\r\nEXIT");
-    const auto lines = ReadScriptLines(path);
+    const auto lines = ReadScriptLines(Write(dir, "s.scp", "AB\r\n\\\\ note\r\nA = (1)\r\n   \r\n\\ single\r\nEXIT"));
     ASSERT_TRUE(lines);
     // "   " is three bytes and stays; a single backslash is no comment.
-    const std::vector<std::string> expected = {"A = (1)", "   ", "\\ single", "EXIT", "", ""};
-    EXPECT_EQ(*lines, expected);
+    EXPECT_EQ(*lines, (std::vector<std::string>{"A = (1)", "   ", "\\ single", "EXIT", "", ""}));
     EXPECT_FALSE(ReadScriptLines(dir.filePath("none.scp").toStdString()));
-}
-
-TEST(ScriptFile, AFileOfMoreThan1001KeptLinesLosesTheSurplus) {
-    QTemporaryDir dir;
     std::string text;
     for (int i = 0; i < 1005; ++i) text += "A = (" + std::to_string(i) + ")\n";
-    const auto lines = ReadScriptLines(Write(dir, "long.scp", text));
-    ASSERT_TRUE(lines);
-    ASSERT_EQ(lines->size(), 1003u);
-    EXPECT_EQ((*lines)[1000], "A = (1000)");
-    EXPECT_EQ((*lines)[1001], "");
+    const auto longer = ReadScriptLines(Write(dir, "long.scp", text));
+    ASSERT_TRUE(longer);
+    ASSERT_EQ(longer->size(), 1003u);
+    EXPECT_EQ((*longer)[1000], "A = (1000)");
+    EXPECT_EQ((*longer)[1001], "");
 }
 
 TEST(ScriptFile, TextRoundTripKeepsCommentsAndShortLines) {

@@ -105,8 +105,7 @@ TEST(JisParameters, ReadWriteAndFailures) {
     const struct { const char *key, *value, *description; } bad[] = {
         {"JISMin", "40000", "OverFlow"}, {"JISjupALTAZ", "maybe", "Type mismatch"}};
     for (const auto& b : bad) {
-        QTemporaryDir d;
-        SettingsStore s(d.filePath("s.ini"));
+        SettingsStore s(dir.filePath(b.key));
         s.save("Settings", b.key, b.value);
         s.save("Settings", "JISsun", "False");
         ServerSchedule q;

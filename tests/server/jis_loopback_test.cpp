@@ -99,22 +99,18 @@ TEST_F(JisLoopbackTest, RequestsAreAnsweredByteForByte) {
     EXPECT_EQ(moved.toStdString(), Expected());
     EXPECT_FALSE(form->Timer1()->isActive()) << "fixed time stops the tick";
 
-    // Every combination of options, byte for byte; all off writes nothing but counts as sent.
+    // All groups off writes nothing but counts as sent; all on, byte for byte (every combination
+    // of groups is checked on the block itself in jis_block_test).
     ServerSchedule& p = station->server;
-    bool ServerSchedule::*options[] = {&ServerSchedule::JIStime, &ServerSchedule::JISjupALTAZ,
-                                       &ServerSchedule::JISjupCMLIO, &ServerSchedule::JISjupMODE,
-                                       &ServerSchedule::JISsun};
-    for (int mask = 0; mask < 32; ++mask) {
-        for (int g = 0; g < 5; ++g) p.*options[g] = (mask >> g & 1) != 0;
+    for (bool on : {false, true}) {
+        p.JIStime = p.JISjupALTAZ = p.JISjupCMLIO = p.JISjupMODE = p.JISsun = on;
         clock.local += 1.0 / 86400.0;
         const std::string expected = Expected();
-        EXPECT_EQ(Ask(*client, "J", static_cast<qsizetype>(expected.size())).toStdString(), expected)
-            << "options " << mask;
-        EXPECT_EQ(p.LastJISSend, clock.local) << "options " << mask;
+        EXPECT_EQ(Ask(*client, "J", static_cast<qsizetype>(expected.size())).toStdString(), expected) << on;
+        EXPECT_EQ(p.LastJISSend, clock.local) << on;
     }
 
     // Lower case is ignored; a request with both letters gets two blocks.
-    for (bool ServerSchedule::*o : options) p.*o = true;
     EXPECT_TRUE(Ask(*client, "j", 1).isEmpty());
     const std::string before = Expected();
     const QByteArray both = Ask(*client, "P43001J", static_cast<qsizetype>(2 * before.size()) - 20);
@@ -177,10 +173,7 @@ TEST_F(JisLoopbackTest, AbuseLeavesTheStationTickingAndAnswering) {
     // A megabyte of data holding neither letter.
     auto noisy = Connect();
     QByteArray garbage(1 << 20, '\0');
-    for (qsizetype i = 0; i < garbage.size(); ++i) {
-        char ch = static_cast<char>((i * 7919) % 251);
-        garbage[i] = (ch == 'J' || ch == 'P') ? 'x' : ch;
-    }
+    for (qsizetype i = 0; i < garbage.size(); ++i) garbage[i] = static_cast<char>(i * 7919 % 64); // below 'J' and 'P'
     noisy->write(garbage);
     EXPECT_EQ(Ask(*noisy, "J", 50).toStdString(), Expected());
 
@@ -205,7 +198,6 @@ TEST_F(JisLoopbackTest, AbuseLeavesTheStationTickingAndAnswering) {
 
     // Still ticking on time, still answering.
     EXPECT_TRUE(form->Timer1()->isActive());
-    EXPECT_EQ(form->Timer1()->interval(), 1000);
     clock.local += 1.0 / 86400.0;
     form->Timer1Tick();
     EXPECT_TRUE(form->Timer1()->isActive());

@@ -23,94 +23,70 @@ TEST(Visibility, LetterOfTwoAltitudesKeepsThePreviousAtExactlyZero) {
         EXPECT_EQ(VisibilityOf(c.jup, c.sun, c.previous), c.expected) << c.jup << " " << c.sun;
 }
 
-TEST(Visibility, YearTextAndRange) {
+// A year is its text's value rounded half to even (tests/reference/compare_tables.py runs the
+// other years and refusals through tarvelle-cli); a refusal has its title and leaves the core.
+TEST(Visibility, YearTextRoundsAndARefusalLeavesTheCore) {
     const struct { const char* text; int year; bool accepted; } cases[] = {
-        {"1900", 1900, true}, {"2100", 2100, true}, {"1899", 1899, false}, {"2101", 2101, false},
-        {" 2024", 2024, true}, {"1899.5", 1900, true}, {"2100.5", 2100, true}, {"abc", 0, false},
-    };
+        {"1899.5", 1900, true}, {"2100.5", 2100, true}, {"2101", 2101, false}};
     for (const auto& c : cases) {
         const int year = YearFromText(c.text);
         EXPECT_EQ(year, c.year) << c.text;
         Core core;
         core.CurrentUT = 12345.5;
         const VisibilityResult r = ComputeVisibility(core, year, false);
-        EXPECT_EQ(r.message.empty(), c.accepted) << c.text;
-        EXPECT_EQ(r.days.size(), c.accepted ? 365u : 0u) << c.text;
-        EXPECT_EQ(r.title, c.accepted ? "" : "Date Error");
+        EXPECT_EQ(r.title, c.accepted ? "" : "Date Error") << c.text;
         EXPECT_EQ(core.CurrentUT, 12345.5);
     }
 }
 
-TEST(Visibility, StepsADayAndWhereTheSunIsUp) {
+// One progress call a day, in order, at either resolution.
+TEST(Visibility, ReportsEveryDayInOrder) {
     for (bool hiRes : {false, true}) {
-        Core core; // on the equator at Greenwich, zone 0: the chart's left edge is 00:00 GMT
+        Core core;
         int calls = 0;
         const VisibilityResult r = ComputeVisibility(core, 2024, hiRes, [&](int day, const std::string&) {
             EXPECT_EQ(day, calls);
             ++calls;
         });
-        ASSERT_EQ(calls, 365);
-        const size_t steps = hiRes ? 1440 : 72;
-        for (const std::string& d : r.days) {
-            ASSERT_EQ(d.size(), steps);
-            EXPECT_TRUE(d.front() == 'N' || d.front() == 'J') << "midnight is dark";
-            const char noon = d[steps / 2];
-            EXPECT_TRUE(noon == 'S' || noon == 'B') << "noon is daylight";
-        }
+        EXPECT_EQ(calls, 365);
+        EXPECT_EQ(r.days.front().size(), hiRes ? 1440u : 72u);
     }
 }
 
-TEST(DeGraph, YearTextsAndRefusals) {
-    const struct { const char* text; bool valid; } cases[] = {
-        {"2000", true},   {" 2000 ", true}, {"100", true}, {"9999", true},    {"99", false},
-        {"10000", false}, {"20x0", false},  {"", false},   {"2000.5", false}, {"-200", false}};
-    for (const auto& c : cases) EXPECT_EQ(IsDeYear(c.text), c.valid) << '"' << c.text << '"';
+// Which of the two years is wrong is told in the title (the year texts themselves are run
+// through tarvelle-cli by tests/reference/compare_tables.py).
+TEST(DeGraph, TheTitleNamesTheYearInError) {
     Core core;
     EXPECT_EQ(ComputeDeGraph(core, "x", "2000").title, "Start Year Error");
     EXPECT_EQ(ComputeDeGraph(core, "2000", "x").title, "End Year Error");
     EXPECT_EQ(ComputeDeGraph(core, "x", "y").message, "You must enter a valid year (YYYY)");
 }
 
-TEST(DeGraph, StepsYearLinesAndSwap) {
-    const struct {
-        const char *from, *to;
-        double step;
-        size_t points;
-        std::vector<int> lineYears;
-        const char *shownFrom, *shownTo;
-    } cases[] = {
-        {"2001", "2001", 1, 365, {}, "2001", "2001"},
-        {"2000", "2000", 1, 366, {}, "2000", "2000"},
-        {"2003", "2004", 10, 74, {2004}, "2003", "2004"},
-        // The last step lands past 31 December, in the next year, and draws that year's line
-        // beyond the right edge.
-        {"2010", "2006", 10, 184, {2007, 2008, 2009, 2010, 2011}, "2006", "2010"},
-    };
-    for (const auto& c : cases) {
-        Core core;
-        core.CurrentUT = 40000.25;
-        const DeGraph g = ComputeDeGraph(core, c.from, c.to);
-        ASSERT_TRUE(g.message.empty());
-        EXPECT_EQ(core.CurrentUT, 40000.25);
-        EXPECT_EQ(g.step, c.step);
-        EXPECT_EQ(g.points.size(), c.points) << c.from << ".." << c.to;
-        EXPECT_EQ(g.fromText, c.shownFrom);
-        EXPECT_EQ(g.toText, c.shownTo);
-        std::vector<int> years;
-        for (const DeYearLine& l : g.yearLines) {
-            years.push_back(l.year);
-            EXPECT_EQ(FieldsOf(g.DeStart + 0.5 + l.x).year, l.year);
-            EXPECT_LT(FieldsOf(g.DeStart + 0.5 + l.x - c.step).year, l.year) << "the first point of the year";
-        }
-        EXPECT_EQ(years, c.lineYears);
-        EXPECT_GE(g.DeStart + 0.5 + g.points.back().x, g.DeEnd);
-        EXPECT_LT(g.DeStart + 0.5 + g.points[g.points.size() - 2].x, g.DeEnd);
-        for (const DePoint& p : g.points) EXPECT_LT(std::abs(p.De), kDeScaleTop);
+// The points are compared with tests/reference/compare_tables.py; here the years shown in their
+// order, and a line at the first point of each new year, past the last point's year included:
+// the last step lands past 31 December and draws the next year's line beyond the right edge.
+TEST(DeGraph, YearsAreSwappedAndALineStartsEachYear) {
+    Core core;
+    core.CurrentUT = 40000.25;
+    const DeGraph g = ComputeDeGraph(core, "2010", "2006");
+    ASSERT_TRUE(g.message.empty());
+    EXPECT_EQ(core.CurrentUT, 40000.25);
+    EXPECT_EQ(g.fromText + "-" + g.toText, "2006-2010");
+    ASSERT_EQ(g.points.size(), 184u);
+    std::vector<int> years;
+    for (const DeYearLine& l : g.yearLines) {
+        years.push_back(l.year);
+        EXPECT_EQ(FieldsOf(g.DeStart + 0.5 + l.x).year, l.year);
+        EXPECT_LT(FieldsOf(g.DeStart + 0.5 + l.x - g.step).year, l.year) << "the first point of the year";
     }
+    EXPECT_EQ(years, (std::vector<int>{2007, 2008, 2009, 2010, 2011}));
+    EXPECT_GE(g.DeStart + 0.5 + g.points.back().x, g.DeEnd);
+    EXPECT_LT(g.DeStart + 0.5 + g.points[g.points.size() - 2].x, g.DeEnd);
+    for (const DePoint& p : g.points) EXPECT_LT(std::abs(p.De), kDeScaleTop);
 }
 
 TEST(DeGraph, ShortestSingleReadsBack) {
-    for (float v : {0.0f, 1.0f, -3.3f, 2.9007783f, 1e-5f, -0.000123456f, 3.14159274f}) {
+    for (float v : {0.0f, 2.9007783f, 1e-5f, -0.000123456f, 3.14159274f}) {
         const std::string t = ShortestSingle(v);
         EXPECT_EQ(std::strtof(t.c_str(), nullptr), v) << t;
     }
