@@ -3,6 +3,7 @@
 #include "ui/common/named_controls.h"
 #include "core/date_value.h"
 #include "core/text_forms.h"
+#include "scripting/automation.h"
 #include "scripting/automation_form.h"
 #include "station/time_entry.h"
 #include "ui/common/calendar_window.h"
@@ -23,7 +24,7 @@ namespace tarvelle {
 
 namespace {
 
-constexpr char kSection[] = "Tasks";
+constexpr const char* kSection = kTasksSection;
 constexpr char kNoPathTip[] = "Script file path and name goes here";
 
 QString Q(const std::string& s) {
